@@ -1,0 +1,56 @@
+# The project's two commands are `make demo` and `make test`; the rest are
+# their parts.
+JOBS ?= $(shell nproc)
+FUZZ_SECONDS ?= 60
+CMAKE_FLAGS ?=
+
+.PHONY: all deps build asan-build fuzz-build test test-plain test-asan demo bench fuzz fuzz-short format clean
+
+all: build
+
+deps:
+	@scripts/install-deps
+
+build: deps
+	cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo $(CMAKE_FLAGS) >/dev/null
+	cmake --build build -j $(JOBS)
+
+asan-build: deps
+	cmake -S . -B build-asan -DCMAKE_BUILD_TYPE=Debug -DICCP_SANITIZE=ON $(CMAKE_FLAGS) >/dev/null
+	cmake --build build-asan -j $(JOBS)
+
+test-plain: build
+	cd build && ctest --output-on-failure -j $(JOBS)
+
+test-asan: asan-build
+	cd build-asan && ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 \
+	  LSAN_OPTIONS=suppressions=$(CURDIR)/scripts/lsan.supp:print_suppressions=0 \
+	  UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+	  ctest --output-on-failure -j $(JOBS)
+
+test: test-plain test-asan fuzz-short
+
+demo: build
+	scripts/demo
+
+bench: deps
+	cmake -S . -B build-bench -DCMAKE_BUILD_TYPE=Release -DICCP_TESTS=OFF -DICCP_BENCH=ON >/dev/null
+	cmake --build build-bench -j $(JOBS)
+	scripts/run-bench build-bench
+
+fuzz-build: deps
+	CXX=clang++ cmake -S . -B build-fuzz -DCMAKE_BUILD_TYPE=RelWithDebInfo -DICCP_TESTS=OFF -DICCP_FUZZ=ON >/dev/null
+	cmake --build build-fuzz -j $(JOBS)
+
+fuzz: fuzz-build
+	scripts/run-fuzz build-fuzz 0
+
+fuzz-short: fuzz-build
+	scripts/run-fuzz build-fuzz $(FUZZ_SECONDS)
+
+format:
+	find plugin model form tags editing views dialogs support host app tests bench fuzz \
+	  -name '*.cpp' -o -name '*.h' | xargs clang-format -i
+
+clean:
+	rm -rf build build-asan build-bench build-fuzz

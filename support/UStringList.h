@@ -81,9 +81,6 @@ private:
     void GrowIfFull();
     // Full re-sort of Ref by qsort under m_mutex.
     void SortRef();
-    // Puts the index Count - 1 (entries below Count - 1 sorted in Ref) at its
-    // sorted place in Ref.
-    void PlaceLastInRef();
     // Removes the place holding index i from Ref and puts it back at the
     // place its present text belongs to.
     void ReplaceInRef(int i);

@@ -1,0 +1,541 @@
+#include "support/UStringList.h"
+
+#include <QObject>
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+// Ref must hold every index of 0..Count-1 once, in ascending text order.
+::testing::AssertionResult RefIsSortedPermutation(const StringList& list) {
+    std::vector<int> seen(list.Count, 0);
+    for (int place = 0; place < list.Count; ++place) {
+        int index = list.Ref[place];
+        if (index < 0 || index >= list.Count || seen[index]++)
+            return ::testing::AssertionFailure() << "Ref[" << place << "] = " << index;
+        if (place > 0 && list.Strings(list.Ref[place - 1]) > list.Strings(index))
+            return ::testing::AssertionFailure() << "Ref out of order at place " << place;
+    }
+    return ::testing::AssertionSuccess();
+}
+
+void* Obj(long n) {
+    return reinterpret_cast<void*>(n);
+}
+
+using Model = std::vector<std::pair<std::string, void*>>;
+
+// The list holds the model's entries in order and finds every text.
+void ExpectSameAs(const StringList& list, const Model& model, bool refSorted) {
+    ASSERT_EQ(list.Count, static_cast<int>(model.size()));
+    for (int i = 0; i < list.Count; ++i) {
+        ASSERT_EQ(list.Strings(i), model[i].first) << "entry " << i;
+        ASSERT_EQ(list.Objects(i), model[i].second) << "entry " << i;
+    }
+    if (!refSorted)
+        return;
+    ASSERT_TRUE(RefIsSortedPermutation(list));
+    for (const auto& entry : model) {
+        int found = list.IndexOf(entry.first);
+        ASSERT_GE(found, 0) << entry.first;
+        ASSERT_EQ(list.Strings(found), entry.first);
+    }
+}
+
+} // namespace
+
+TEST(StringList, AccessorsOutOfRange) {
+    StringList list;
+    EXPECT_EQ(list.Strings(0), "");
+    EXPECT_EQ(list.Objects(0), nullptr);
+    list.AddObject("a", Obj(1), true);
+    EXPECT_EQ(list.Strings(-1), "");
+    EXPECT_EQ(list.Strings(1), "");
+    EXPECT_EQ(list.Objects(1), nullptr);
+    EXPECT_EQ(list.Objects(-1), nullptr);
+    list.NullObject = Obj(99);
+    EXPECT_EQ(list.Objects(list.Count), Obj(99));
+    EXPECT_EQ(list.Objects(0), Obj(1));
+}
+
+TEST(StringList, GrowsInStepsOf50AndClearShrinks) {
+    StringList list;
+    EXPECT_EQ(list.Capacity, 50);
+    for (int i = 0; i < 50; ++i)
+        list.AddString("s" + std::to_string(i));
+    EXPECT_EQ(list.Capacity, 50);
+    list.AddString("s50");
+    EXPECT_EQ(list.Capacity, 100);
+    EXPECT_EQ(list.Count, 51);
+    for (int i = 51; i < 101; ++i)
+        list.AddString("s" + std::to_string(i));
+    EXPECT_EQ(list.Capacity, 150);
+    EXPECT_TRUE(RefIsSortedPermutation(list));
+    EXPECT_EQ(list.IndexOf("s100"), 100);
+
+    list.Clear();
+    EXPECT_EQ(list.Capacity, 50);
+    EXPECT_EQ(list.Count, 0);
+    EXPECT_EQ(list.IndexOf("s1"), -1);
+    list.AddString("again");
+    EXPECT_EQ(list.IndexOf("again"), 0);
+
+    // Clear of an empty list changes nothing, not even the capacity.
+    StringList big(120);
+    EXPECT_EQ(big.Capacity, 120);
+    big.Clear();
+    EXPECT_EQ(big.Capacity, 120);
+    big.AddString("x");
+    big.Delete(0);
+    big.Clear();
+    EXPECT_EQ(big.Capacity, 120);
+
+    StringList none(0);
+    EXPECT_EQ(none.AddString("first"), 0);
+    EXPECT_EQ(none.Capacity, 50);
+}
+
+TEST(StringList, IndexOfFindsEachEntryAndDuplicates) {
+    StringList list;
+    EXPECT_EQ(list.IndexOf("a"), -1);
+    list.AddString("m");
+    EXPECT_EQ(list.IndexOf("m"), 0);
+    EXPECT_EQ(list.IndexOf("a"), -1);
+    EXPECT_EQ(list.IndexOf("z"), -1);
+
+    // Insertion order differs from text order; every index is into Array.
+    for (const char* s : {"q", "c", "x", "a", "", "mm", "\xd0\xb0"})
+        list.AddString(s);
+    const char* all[] = {"m", "q", "c", "x", "a", "", "mm", "\xd0\xb0"};
+    for (int i = 0; i < 8; ++i)
+        EXPECT_EQ(list.IndexOf(all[i]), i) << all[i];
+    EXPECT_EQ(list.IndexOf("b"), -1);
+    EXPECT_EQ(list.IndexOf("zz"), -1);
+    // Bytes compare unsigned: the Cyrillic letter sorts after ASCII.
+    EXPECT_EQ(list.Ref[list.Count - 1], 7);
+
+    // Duplicates are let in and each of them is an acceptable answer.
+    StringList dup;
+    EXPECT_EQ(dup.AddObject("same", Obj(1), true), 0);
+    EXPECT_EQ(dup.AddObject("same", Obj(2), true), 1);
+    EXPECT_EQ(dup.Count, 2);
+    int found = dup.IndexOf("same");
+    EXPECT_TRUE(found == 0 || found == 1);
+    dup.AddString("a");
+    dup.AddString("same");
+    dup.AddString("z");
+    EXPECT_TRUE(RefIsSortedPermutation(dup));
+    found = dup.IndexOf("same");
+    EXPECT_EQ(dup.Strings(found), "same");
+    dup.Delete(found);
+    found = dup.IndexOf("same");
+    ASSERT_GE(found, 0);
+    dup.Delete(found);
+    found = dup.IndexOf("same");
+    ASSERT_GE(found, 0);
+    dup.Delete(found);
+    EXPECT_EQ(dup.IndexOf("same"), -1);
+    EXPECT_EQ(dup.Count, 2);
+}
+
+TEST(StringList, IndexingPlacesText) {
+    StringList list;
+    list.AddString("d");
+    list.AddString("b");
+    list.AddString("f");
+    EXPECT_EQ(list.Indexing("a", 3), 0);
+    EXPECT_EQ(list.Indexing("c", 3), 1);
+    EXPECT_EQ(list.Indexing("e", 3), 2);
+    EXPECT_EQ(list.Indexing("g", 3), 3);
+    int p = list.Indexing("d", 3);
+    EXPECT_TRUE(p == 1 || p == 2);
+    EXPECT_EQ(list.Indexing("c", 1), 1); // among "b" only
+    EXPECT_EQ(list.Indexing("a", 0), 0);
+}
+
+TEST(StringList, AddObjToStringAndAddString) {
+    StringList list;
+    EXPECT_EQ(list.AddObjToString(Obj(5), 0), -1);
+    list.AddString("a");
+    EXPECT_EQ(list.Objects(0), nullptr);
+    EXPECT_EQ(list.AddObjToString(Obj(5), 0), 0);
+    EXPECT_EQ(list.Objects(0), Obj(5));
+    EXPECT_EQ(list.AddObjToString(Obj(6), list.Count), -1);
+    EXPECT_EQ(list.AddObjToString(Obj(6), -1), -1);
+    EXPECT_EQ(list.Objects(0), Obj(5));
+}
+
+TEST(StringList, InsertObjectResults) {
+    StringList list;
+    // Empty list: an append, result 0.
+    EXPECT_EQ(list.InsertObject(3, "m", Obj(1)), 0);
+    EXPECT_EQ(list.Insert(0, "z"), 1);
+    EXPECT_EQ(list.Strings(0), "z");
+    EXPECT_EQ(list.Strings(1), "m");
+    EXPECT_EQ(list.Objects(0), nullptr);
+    EXPECT_EQ(list.Objects(1), Obj(1));
+    // At Count: appends and returns the old Count.
+    EXPECT_EQ(list.InsertObject(list.Count, "a", Obj(3)), 2);
+    EXPECT_EQ(list.Strings(2), "a");
+    // In the middle: before entry 1, result 2.
+    EXPECT_EQ(list.InsertObject(1, "k", Obj(4)), 2);
+    ASSERT_EQ(list.Count, 4);
+    EXPECT_EQ(list.Strings(0), "z");
+    EXPECT_EQ(list.Strings(1), "k");
+    EXPECT_EQ(list.Strings(2), "m");
+    EXPECT_EQ(list.Strings(3), "a");
+    EXPECT_TRUE(RefIsSortedPermutation(list));
+    EXPECT_EQ(list.IndexOf("z"), 0);
+    EXPECT_EQ(list.IndexOf("k"), 1);
+    EXPECT_EQ(list.IndexOf("m"), 2);
+    EXPECT_EQ(list.IndexOf("a"), 3);
+    // A negative place counts as the front.
+    EXPECT_EQ(list.InsertObject(-2, "b", nullptr), 1);
+    EXPECT_EQ(list.Strings(0), "b");
+    EXPECT_TRUE(RefIsSortedPermutation(list));
+
+    // Many insertions at the front, across growth, with duplicates.
+    StringList front;
+    for (int i = 0; i < 130; ++i)
+        front.InsertObject(0, "t" + std::to_string(i % 40), Obj(i + 1));
+    ASSERT_EQ(front.Count, 130);
+    EXPECT_EQ(front.Capacity, 150);
+    EXPECT_EQ(front.Objects(0), Obj(130));
+    EXPECT_EQ(front.Objects(129), Obj(1));
+    EXPECT_TRUE(RefIsSortedPermutation(front));
+    for (int i = 0; i < 130; ++i)
+        EXPECT_EQ(front.Strings(front.IndexOf(front.Strings(i))), front.Strings(i));
+}
+
+TEST(StringList, DeleteKeepsEveryEntryFindable) {
+    StringList list;
+    const char* texts[] = {"e", "a", "d", "b", "c"};
+    for (int i = 0; i < 5; ++i)
+        list.AddObject(texts[i], Obj(i + 1), true);
+    list.Delete(list.Count);
+    list.Delete(-1);
+    EXPECT_EQ(list.Count, 5);
+
+    list.Delete(1); // "a"
+    ASSERT_EQ(list.Count, 4);
+    EXPECT_EQ(list.Strings(0), "e");
+    EXPECT_EQ(list.Strings(1), "d");
+    EXPECT_EQ(list.Objects(1), Obj(3));
+    EXPECT_EQ(list.IndexOf("a"), -1);
+    EXPECT_EQ(list.IndexOf("e"), 0);
+    EXPECT_EQ(list.IndexOf("d"), 1);
+    EXPECT_EQ(list.IndexOf("b"), 2);
+    EXPECT_EQ(list.IndexOf("c"), 3);
+    EXPECT_TRUE(RefIsSortedPermutation(list));
+
+    list.Delete(3);
+    list.Delete(0);
+    EXPECT_EQ(list.IndexOf("d"), 0);
+    EXPECT_EQ(list.IndexOf("b"), 1);
+    list.Delete(0);
+    list.Delete(0);
+    EXPECT_EQ(list.Count, 0);
+    list.Delete(0);
+    EXPECT_EQ(list.IndexOf("b"), -1);
+}
+
+TEST(StringList, ChStringRenamesInPlace) {
+    StringList list;
+    for (const char* s : {"b", "d", "f", "h"})
+        list.AddObject(s, Obj(s[0]), true);
+    EXPECT_EQ(list.ChString(1, "z"), 1);
+    EXPECT_EQ(list.Strings(1), "z");
+    EXPECT_EQ(list.Objects(1), Obj('d'));
+    EXPECT_EQ(list.IndexOf("z"), 1);
+    EXPECT_EQ(list.IndexOf("d"), -1);
+    EXPECT_TRUE(RefIsSortedPermutation(list));
+    EXPECT_EQ(list.ChString(2, "a"), 2);
+    EXPECT_EQ(list.Ref[0], 2);
+    EXPECT_EQ(list.ChString(3, "b"), 3); // now a duplicate of entry 0
+    EXPECT_TRUE(RefIsSortedPermutation(list));
+    EXPECT_EQ(list.Strings(list.IndexOf("b")), "b");
+    EXPECT_EQ(list.ChString(4, "x"), -1);
+    EXPECT_EQ(list.ChString(-1, "x"), -1);
+    StringList empty;
+    EXPECT_EQ(empty.ChString(0, "x"), -1);
+}
+
+TEST(StringList, IndexOfAfterPosScansFromPos) {
+    StringList list;
+    for (const char* s : {"a", "b", "a", "c", "a"})
+        list.AddString(s);
+    EXPECT_EQ(list.IndexOfAfterPos(0, "a"), 0);
+    EXPECT_EQ(list.IndexOfAfterPos(1, "a"), 2);
+    EXPECT_EQ(list.IndexOfAfterPos(3, "a"), 4);
+    EXPECT_EQ(list.IndexOfAfterPos(3, "b"), -1);
+    EXPECT_EQ(list.IndexOfAfterPos(5, "a"), -1);
+    EXPECT_EQ(list.IndexOfAfterPos(-1, "a"), -1);
+}
+
+TEST(StringList, UnsortedAdditionsAreSortedByTheNextChange) {
+    StringList list;
+    for (const char* s : {"d", "c", "b", "a"})
+        list.AddObject(s, nullptr, false);
+    ASSERT_EQ(list.Count, 4);
+    for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(list.Ref[i], i);
+    // A rename restores the whole of Ref.
+    list.ChString(0, "e");
+    EXPECT_TRUE(RefIsSortedPermutation(list));
+    EXPECT_EQ(list.IndexOf("a"), 3);
+    EXPECT_EQ(list.IndexOf("e"), 0);
+
+    StringList other;
+    for (const char* s : {"d", "c", "b"})
+        other.AddObject(s, nullptr, false);
+    other.InsertObject(1, "a", nullptr);
+    EXPECT_TRUE(RefIsSortedPermutation(other));
+    EXPECT_EQ(other.IndexOf("a"), 1);
+    EXPECT_EQ(other.IndexOf("b"), 3);
+    EXPECT_EQ(MyStringList, &other); // the last list sorted by qsort
+}
+
+TEST(StringList, SortedModeKeepsArrayInOrder) {
+    StringList list;
+    list.SortedFlag = true;
+    EXPECT_EQ(list.AddString("m"), 0);
+    EXPECT_EQ(list.AddString("c"), 0);
+    EXPECT_EQ(list.AddString("x"), 2);
+    EXPECT_EQ(list.AddObject("f", Obj(7), true), 1);
+    ASSERT_EQ(list.Count, 4);
+    EXPECT_EQ(list.Strings(0), "c");
+    EXPECT_EQ(list.Strings(1), "f");
+    EXPECT_EQ(list.Strings(2), "m");
+    EXPECT_EQ(list.Strings(3), "x");
+    for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(list.Ref[i], i);
+    EXPECT_EQ(list.IndexOf("f"), 1);
+
+    // Duplicates: refused with -1, -2, or let in.
+    EXPECT_EQ(list.AddString("m"), -1);
+    EXPECT_EQ(list.AddString("x"), -1);
+    list.DupMode = 1;
+    EXPECT_EQ(list.AddString("c"), -2);
+    EXPECT_EQ(list.Count, 4);
+    list.DupMode = 2;
+    int p = list.AddString("f");
+    EXPECT_TRUE(p == 1 || p == 2);
+    EXPECT_EQ(list.Count, 5);
+    // InsertObject appends in order as well.
+    list.DupMode = 0;
+    EXPECT_EQ(list.InsertObject(0, "z", nullptr), 5);
+    EXPECT_EQ(list.InsertObject(0, "c", nullptr), -1);
+
+    // Delete in sorted mode only lowers the count.
+    list.Delete(5);
+    EXPECT_EQ(list.Count, 5);
+    EXPECT_EQ(list.Strings(4), "x");
+    list.Delete(0);
+    EXPECT_EQ(list.Count, 4);
+    EXPECT_EQ(list.Strings(0), "");
+    EXPECT_EQ(list.Objects(0), nullptr);
+    EXPECT_EQ(list.Strings(1), "f");
+}
+
+// Random sequences of every change against a plain vector, with many
+// duplicates; Ref is checked after each step.
+TEST(StringList, RandomSequencesMatchReferenceModel) {
+    std::mt19937 rng(20240611);
+    for (int round = 0; round < 40; ++round) {
+        StringList list;
+        Model model;
+        bool refSorted = true;
+        long next = 1;
+        auto text = [&] { return "n" + std::to_string(rng() % 25); };
+        for (int step = 0; step < 300; ++step) {
+            int count = static_cast<int>(model.size());
+            int op = rng() % 100;
+            if (op < 30) {
+                std::string t = text();
+                void* o = Obj(next++);
+                ASSERT_EQ(list.AddObject(t, o, true), count);
+                model.emplace_back(t, o);
+            } else if (op < 35) {
+                std::string t = text();
+                void* o = Obj(next++);
+                ASSERT_EQ(list.AddObject(t, o, false), count);
+                model.emplace_back(t, o);
+                if (count > 0)
+                    refSorted = false;
+            } else if (op < 55) {
+                int i = static_cast<int>(rng() % (count + 3));
+                std::string t = text();
+                void* o = Obj(next++);
+                int r = list.InsertObject(i, t, o);
+                if (i >= count) {
+                    ASSERT_EQ(r, count);
+                    model.emplace_back(t, o);
+                } else {
+                    ASSERT_EQ(r, i + 1);
+                    model.insert(model.begin() + i, {t, o});
+                    refSorted = true;
+                }
+            } else if (op < 75) {
+                int i = static_cast<int>(rng() % (count + 2)) - 1;
+                list.Delete(i);
+                if (i >= 0 && i < count)
+                    model.erase(model.begin() + i);
+            } else if (op < 95) {
+                int i = static_cast<int>(rng() % (count + 1));
+                std::string t = text();
+                int r = list.ChString(i, t);
+                if (i < count) {
+                    ASSERT_EQ(r, i);
+                    model[i].first = t;
+                    refSorted = true;
+                } else {
+                    ASSERT_EQ(r, -1);
+                }
+            } else if (op < 97) {
+                list.Clear();
+                model.clear();
+                refSorted = true;
+            } else {
+                // Objects are searched by pointer in insertion order.
+                if (count > 0) {
+                    int i = static_cast<int>(rng() % count);
+                    ASSERT_EQ(FindIdObjByPtr(model[i].second, &list), i);
+                }
+            }
+            ASSERT_NO_FATAL_FAILURE(ExpectSameAs(list, model, refSorted))
+                << "round " << round << " step " << step;
+            ASSERT_GE(list.Capacity, list.Count);
+            ASSERT_EQ(list.Capacity % 50, 0);
+        }
+    }
+}
+
+TEST(StringList, FreeFunctions) {
+    StringList* list = nullptr;
+    EXPECT_EQ(Add2StringList(list, "b", Obj(1)), 0);
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(Add2StringList(list, "a", Obj(2)), 1);
+    EXPECT_EQ(list->IndexOf("a"), 1);
+
+    EXPECT_EQ(FindIdObjByPtr(Obj(2), list), 1);
+    EXPECT_EQ(FindIdObjByPtr(Obj(3), list), -1);
+    EXPECT_EQ(FindIdObjByPtr(nullptr, list), -1);
+    EXPECT_EQ(FindIdObjByPtr(Obj(2), nullptr), -1);
+    list->AddObject("c", Obj(2), true);
+    EXPECT_EQ(FindIdObjByPtr(Obj(2), list), 1); // the first one
+    delete list;
+
+    // Comparators: by text, through Ref of MyStringList, by address.
+    StringListEntry x{"abc", nullptr}, y{"abd", nullptr};
+    StringListEntry *px = &x, *py = &y;
+    EXPECT_LT(compStr(&px, &py), 0);
+    EXPECT_GT(compStr(&py, &px), 0);
+    EXPECT_EQ(compStr(&px, &px), 0);
+    StringList sl;
+    sl.AddString("q");
+    sl.AddString("p");
+    MyStringList = &sl;
+    int refs[2] = {0, 1};
+    EXPECT_GT(compStrRef(&refs[0], &refs[1]), 0);
+    EXPECT_EQ(compStrRef(&refs[1], &refs[1]), 0);
+    EXPECT_EQ(compOb(&refs[0], &refs[0]), 0);
+    EXPECT_EQ(compOb(&refs[0], &refs[1]), -1);
+    EXPECT_EQ(compOb(&refs[1], &refs[0]), 1);
+}
+
+TEST(List, AddFindDeleteSort) {
+    List list;
+    int items[120];
+    EXPECT_EQ(list.Items(0), nullptr);
+    EXPECT_EQ(list.IndexOf(&items[0]), -1);
+    // Added out of address order.
+    for (int i = 0; i < 120; ++i)
+        EXPECT_EQ(list.Add(&items[(i * 37) % 120]), i);
+    EXPECT_EQ(list.Capacity, 150);
+    for (int i = 0; i < 120; ++i)
+        EXPECT_EQ(list.IndexOf(&items[(i * 37) % 120]), i);
+    EXPECT_EQ(list.Items(120), nullptr);
+    EXPECT_EQ(list.Items(-1), nullptr);
+    int outside = 0;
+    int index = 7;
+    EXPECT_FALSE(list.Find(&outside, index));
+    EXPECT_EQ(index, -1);
+    EXPECT_TRUE(list.Find(&items[37], index));
+    EXPECT_EQ(index, 1);
+    EXPECT_EQ(FindPtrInList(&items[37], &list), 1);
+    EXPECT_EQ(FindPtrInList(&outside, &list), -1);
+    EXPECT_EQ(FindPtrInList(nullptr, &list), -1);
+    EXPECT_EQ(FindPtrInList(&items[0], nullptr), -1);
+
+    list.Remove(&items[37]);
+    EXPECT_EQ(list.Count, 119);
+    EXPECT_EQ(list.IndexOf(&items[37]), -1);
+    EXPECT_EQ(list.Items(1), &items[74]);
+    EXPECT_EQ(list.IndexOf(&items[74]), 1);
+    list.Remove(&outside);
+    list.Delete(-1);
+    list.Delete(list.Count);
+    EXPECT_EQ(list.Count, 119);
+
+    // Sort compares slots, not pointers: the order stays as it is.
+    List small;
+    small.Add(&items[5]);
+    small.Add(&items[1]);
+    small.Add(&items[3]);
+    small.Sort();
+    EXPECT_TRUE(small.SortedFlag);
+    EXPECT_EQ(small.Items(0), &items[5]);
+    EXPECT_EQ(small.Items(1), &items[1]);
+    EXPECT_EQ(small.Items(2), &items[3]);
+    // Sorted mode: Delete only lowers the count.
+    small.Delete(0);
+    EXPECT_EQ(small.Count, 2);
+    EXPECT_EQ(small.Items(0), nullptr);
+
+    list.Clear();
+    EXPECT_EQ(list.Count, 0);
+    EXPECT_EQ(list.Capacity, 50);
+    EXPECT_EQ(list.Add(&items[0]), 0);
+}
+
+TEST(MyStringListRegistry, AddObjAndFind) {
+    class MyStringList registry(false);
+    int a = 0, b = 0;
+    EXPECT_EQ(registry.FindActByName("a"), nullptr);
+    EXPECT_EQ(registry.AddObj("a", &a), 1);
+    EXPECT_EQ(registry.AddObj("b", &b), 2);
+    EXPECT_EQ(registry.AddObj("a", &b), -1);
+    EXPECT_EQ(registry.Names.size(), 2);
+    EXPECT_EQ(registry.FindActByName("a"), &a);
+    EXPECT_EQ(registry.FindActByName("b"), &b);
+    EXPECT_EQ(registry.FindActByName("A"), nullptr);
+    // A name held with a null object does not block a new entry, but the
+    // first entry still answers.
+    EXPECT_EQ(registry.AddObj("n", nullptr), 3);
+    EXPECT_EQ(registry.AddObj("n", &a), 4);
+    EXPECT_EQ(registry.FindActByName("n"), nullptr);
+}
+
+TEST(MyStringListRegistry, OwnerDeletesObjects) {
+    bool destroyed = false;
+    {
+        class MyStringList registry(true);
+        QObject* object = new QObject;
+        QObject::connect(object, &QObject::destroyed, [&] { destroyed = true; });
+        registry.AddObj("o", object);
+    }
+    EXPECT_TRUE(destroyed);
+
+    destroyed = false;
+    QObject kept;
+    QObject::connect(&kept, &QObject::destroyed, [&] { destroyed = true; });
+    {
+        class MyStringList registry(false);
+        registry.AddObj("k", &kept);
+    }
+    EXPECT_FALSE(destroyed);
+}

@@ -1,0 +1,240 @@
+#include "support/myNode.h"
+#include "support/UStringList.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+void* Obj(long n) {
+    return reinterpret_cast<void*>(n);
+}
+
+// root { a { a1, a2 }, b, c { c1 } }
+struct Tree {
+    myNode* root = new myNode("root", Obj(100));
+    myNode* a = root->AddChild("a", Obj(1));
+    myNode* b = root->AddChild("b", Obj(2));
+    myNode* c = root->AddChild("c", Obj(3));
+    myNode* a1 = a->AddChild("a1", Obj(11));
+    myNode* a2 = a->AddChild("A2", Obj(12));
+    myNode* c1 = c->AddChild("c1", Obj(31));
+    ~Tree() { root->DeleteSubTree(); }
+};
+
+} // namespace
+
+TEST(myNode, AddChildLinksSiblings) {
+    Tree t;
+    EXPECT_EQ(t.root->FirstChild, t.a);
+    EXPECT_EQ(t.a->Parent, t.root);
+    EXPECT_EQ(t.b->Parent, t.root);
+    EXPECT_EQ(t.c->Parent, t.root);
+    EXPECT_EQ(t.a->Prev, nullptr);
+    EXPECT_EQ(t.a->Next, t.b);
+    EXPECT_EQ(t.b->Prev, t.a);
+    EXPECT_EQ(t.c->Prev, t.b);
+    EXPECT_EQ(t.c->Next, nullptr);
+    EXPECT_EQ(t.root->GetChildCount(), 3);
+    EXPECT_EQ(t.a->GetChildCount(), 2);
+    EXPECT_EQ(t.b->GetChildCount(), 0);
+    EXPECT_EQ(t.root->GetChildById(0), t.a);
+    EXPECT_EQ(t.root->GetChildById(2), t.c);
+    EXPECT_EQ(t.root->GetChildById(3), nullptr);
+    EXPECT_EQ(t.root->GetChildById(-1), nullptr);
+    EXPECT_EQ(t.b->GetChildById(0), nullptr);
+    EXPECT_EQ(t.root->GetChildRow(t.b), 1);
+    EXPECT_EQ(t.root->GetChildRow(t.a1), -1);
+    EXPECT_EQ(t.root->GetChildRow(nullptr), -1);
+    EXPECT_EQ(t.a->GetLastSibling(), t.c);
+    EXPECT_EQ(t.c->GetLastSibling(), t.c);
+    EXPECT_EQ(t.root->AddChild(nullptr), 1);
+    EXPECT_EQ(t.b->AddChild(nullptr), 1);
+    EXPECT_EQ(t.b->FirstChild, nullptr);
+}
+
+TEST(myNode, AddSiblingRefusesLinkedNodes) {
+    Tree t;
+    myNode* loose = new myNode("x");
+    loose->Parent = t.root;
+    EXPECT_EQ(t.a->AddSibling(loose), 1);
+    EXPECT_EQ(t.c->Next, nullptr);
+    loose->Parent = nullptr;
+    loose->Prev = t.b;
+    EXPECT_EQ(t.a->AddSibling(loose), 1);
+    loose->Prev = nullptr;
+    EXPECT_EQ(t.a->AddSibling(nullptr), 1);
+    // Accepted: goes after the last sibling and takes its Parent.
+    EXPECT_EQ(t.a->AddSibling(loose), 0);
+    EXPECT_EQ(t.c->Next, loose);
+    EXPECT_EQ(loose->Prev, t.c);
+    EXPECT_EQ(loose->Parent, t.root);
+    EXPECT_EQ(t.b->AddSibling("y", Obj(9)), 0);
+    EXPECT_EQ(loose->Next->name, "y");
+    EXPECT_EQ(t.root->GetChildCount(), 5);
+    // A root's sibling has no parent to take.
+    myNode* other = new myNode("other");
+    EXPECT_EQ(t.root->AddSibling(other), 0);
+    EXPECT_EQ(other->Parent, nullptr);
+}
+
+TEST(myNode, InsertsAtFrontAndAfterNode) {
+    Tree t;
+    myNode* first = new myNode("first", Obj(50));
+    EXPECT_EQ(t.root->AddChildAsFirst(first), 0);
+    EXPECT_EQ(t.root->FirstChild, first);
+    EXPECT_EQ(first->Parent, t.root);
+    EXPECT_EQ(first->Next, t.a);
+    EXPECT_EQ(t.a->Prev, first);
+    EXPECT_EQ(t.root->GetChildRow(t.a), 1);
+    EXPECT_EQ(t.root->AddChildAsFirst(nullptr), 1);
+
+    myNode* only = new myNode("only");
+    EXPECT_EQ(t.b->AddChildAsFirst(only), 0);
+    EXPECT_EQ(t.b->FirstChild, only);
+    EXPECT_EQ(only->Next, nullptr);
+
+    myNode* mid = t.a->AddAsSibling("mid", Obj(51));
+    EXPECT_EQ(t.a->Next, mid);
+    EXPECT_EQ(mid->Prev, t.a);
+    EXPECT_EQ(mid->Next, t.b);
+    EXPECT_EQ(t.b->Prev, mid);
+    EXPECT_EQ(mid->Parent, t.root);
+    myNode* last = t.c->AddAsSibling("last", nullptr);
+    EXPECT_EQ(last->Next, nullptr);
+    EXPECT_EQ(t.root->GetChildCount(), 6);
+
+    // AddUniqueChild reuses the child carrying the object.
+    EXPECT_EQ(t.a->AddUniqueChild("other name", Obj(12)), t.a2);
+    myNode* fresh = t.a->AddUniqueChild("a3", Obj(13));
+    EXPECT_EQ(fresh->name, "a3");
+    EXPECT_EQ(t.a->GetChildCount(), 3);
+    EXPECT_EQ(t.a->AddUniqueChild("a3", Obj(13)), fresh);
+}
+
+TEST(myNode, FindsByObjectAndName) {
+    Tree t;
+    // Objects: this node and following siblings, never children.
+    EXPECT_EQ(t.a->FindNodeByObject(Obj(3)), t.c);
+    EXPECT_EQ(t.b->FindNodeByObject(Obj(1)), nullptr);
+    EXPECT_EQ(t.a->FindNodeByObject(Obj(11)), nullptr);
+
+    // Names: depth first, the subtree before the next sibling, any case.
+    EXPECT_EQ(t.root->FindNodeByName("C1", 0), t.c1);
+    EXPECT_EQ(t.root->FindNodeByName("a2", 5), t.a2);
+    EXPECT_EQ(t.a->FindNodeByName("c", 0), t.c);
+    EXPECT_EQ(t.b->FindNodeByName("a1", 0), nullptr);
+    t.a1->name = "b";
+    EXPECT_EQ(t.a->FindNodeByName("B", 0), t.a1);
+
+    myNode* found = nullptr;
+    EXPECT_TRUE(t.a->FindNodeByNameL("c", found));
+    EXPECT_EQ(found, t.c);
+    EXPECT_TRUE(t.a1->FindNodeByNameL("A2", found));
+    EXPECT_EQ(found, t.a2);
+    EXPECT_FALSE(t.a1->FindNodeByNameL("a2", found));
+    EXPECT_EQ(found, nullptr);
+}
+
+TEST(myNode, FindNodeByLongNameIgnoresCase) {
+    Tree t;
+    EXPECT_EQ(t.root->FindNodeByLongName("ROOT$A$a2", "$"), t.a2);
+    EXPECT_EQ(t.a->FindNodeByLongName("C$c1", "$"), t.c1);
+    EXPECT_EQ(t.a->FindNodeByLongName("b", "$"), t.b);
+    EXPECT_EQ(t.a->FindNodeByLongName("a/A1", "/"), t.a1);
+    EXPECT_EQ(t.a->FindNodeByLongName("b$x", "$"), nullptr);  // b has no children
+    EXPECT_EQ(t.a->FindNodeByLongName("a$zz", "$"), nullptr); // no such child
+    EXPECT_EQ(t.a->FindNodeByLongName("q$a1", "$"), nullptr);
+    EXPECT_EQ(t.b->FindNodeByLongName("a", "$"), nullptr); // siblings after b only
+}
+
+TEST(myNode, FullNameAndToList) {
+    Tree t;
+    EXPECT_EQ(t.root->GetFullName(), "root");
+    EXPECT_EQ(t.c->GetFullName(), "root$c");
+    EXPECT_EQ(t.a2->GetFullName(), "root$a$A2");
+    // The parent is taken from the first sibling of the chain.
+    t.a2->Parent = nullptr;
+    EXPECT_EQ(t.a2->GetFullName(), "root$a$A2");
+    t.a1->Parent = nullptr;
+    EXPECT_EQ(t.a2->GetFullName(), "A2");
+    t.a1->Parent = t.a;
+    t.a2->Parent = t.a;
+
+    StringList list;
+    t.root->ToList("pre", &list);
+    const char* expected[] = {"pre$root",   "pre$root$a", "pre$root$a$a1", "pre$root$a$A2",
+                              "pre$root$b", "pre$root$c", "pre$root$c$c1"};
+    void* objects[] = {Obj(100), Obj(1), Obj(11), Obj(12), Obj(2), Obj(3), Obj(31)};
+    ASSERT_EQ(list.Count, 7);
+    for (int i = 0; i < 7; ++i) {
+        EXPECT_EQ(list.Strings(i), expected[i]);
+        EXPECT_EQ(list.Objects(i), objects[i]);
+        EXPECT_EQ(list.IndexOf(expected[i]), i);
+    }
+    StringList fromChild;
+    t.b->ToList("", &fromChild);
+    ASSERT_EQ(fromChild.Count, 3);
+    EXPECT_EQ(fromChild.Strings(0), "$b");
+    EXPECT_EQ(fromChild.Strings(2), "$c$c1");
+}
+
+TEST(myNode, DeleteNodeUnlinksAndReturnsNeighbour) {
+    Tree t;
+    // The only child: the parent comes back and loses its child.
+    myNode* c1 = t.c1;
+    EXPECT_EQ(c1->DeleteNode(), t.c);
+    EXPECT_EQ(t.c->FirstChild, nullptr);
+    delete c1;
+
+    // A middle node: its Prev comes back, its children are freed.
+    myNode* mid = t.a->AddAsSibling("mid", nullptr);
+    mid->AddChild("m1", nullptr);
+    mid->AddChild("m2", nullptr);
+    EXPECT_EQ(mid->DeleteNode(), t.a);
+    EXPECT_EQ(mid->FirstChild, nullptr);
+    EXPECT_EQ(t.a->Next, t.b);
+    EXPECT_EQ(t.b->Prev, t.a);
+    delete mid;
+
+    // The first node: Next comes back and becomes the first child.
+    myNode* a = t.a;
+    EXPECT_EQ(a->DeleteNode(), t.b);
+    EXPECT_EQ(t.root->FirstChild, t.b);
+    EXPECT_EQ(t.b->Prev, nullptr);
+    EXPECT_EQ(t.root->GetChildCount(), 2);
+    EXPECT_EQ(a->FirstChild, nullptr);
+    delete a;
+
+    // The last node.
+    myNode* c = t.c;
+    EXPECT_EQ(c->DeleteNode(), t.b);
+    EXPECT_EQ(t.b->Next, nullptr);
+    delete c;
+}
+
+TEST(myNode, DeleteChildrenAndSubTree) {
+    Tree t;
+    myNode* old = t.a->FirstChild;
+    t.a->DeleteChidren();
+    EXPECT_EQ(t.a->FirstChild, nullptr);
+    EXPECT_EQ(t.a->Saved, old); // kept, dangling
+    EXPECT_EQ(t.a->GetChildCount(), 0);
+    t.b->DeleteChidren();
+    EXPECT_EQ(t.b->Saved, nullptr);
+
+    // DeleteSubTree of a middle child takes the following siblings along.
+    t.b->DeleteSubTree();
+    EXPECT_EQ(t.a->Next, nullptr);
+    EXPECT_EQ(t.root->GetChildCount(), 1);
+    // Of the first child: the parent is left without children.
+    t.a->DeleteSubTree();
+    EXPECT_EQ(t.root->FirstChild, nullptr);
+}
+
+TEST(myNode, LongSiblingChainIsHandled) {
+    myNode* root = new myNode("root");
+    for (int i = 0; i < 200000; ++i)
+        root->AddAsSibling("n", nullptr);
+    EXPECT_EQ(root->FindNodeByName("missing", 0), nullptr);
+    root->DeleteSubTree();
+}

@@ -37,3 +37,9 @@ public:
     // or from the template's default value when text is empty.
     void SetTypedValue(const std::string& text);
 };
+
+// Full name of a variable: owners' names with "$" up to an ICC, then the
+// ICC's name with "/".
+std::string MemberFullName(DcICCPBase* object);
+// With needemit: a variable of an ICC or the VCC leaves its owner's Vars.
+void RemoveFromOwnerVars(DcICCPBase* object);

@@ -58,3 +58,10 @@ void SetBitDatSet(DcICCPBase* object);
 // Service; structures (by class name, or by cast when byCast) get their
 // members below, and the child keeps its first child in Saved.
 void AddVarNodes(StringList& list, myNode* node, bool byCast);
+// GetVar and PutVar over a list of variables: a path of member names
+// joined with "$".
+int GetVarInList(StringList& list, const std::string& path, std::string& out);
+int PutVarInList(StringList& list, const std::string& path, const std::string& text);
+// Reads a "DcDO" or "DcDA" element into a new variable of owner; a DcDA
+// takes its value from svalue, or from its template's default.
+DcICCPBase* ReadVariable(DcICCPBase* owner, TiXmlNode* node, const std::string& elementName);

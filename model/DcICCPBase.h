@@ -119,6 +119,11 @@ extern QMap<QString, int> CompareTypeTase;
 void FillCompareType();
 int GetType(const QString& typeName);
 
+// The model object of entry i of list; null for a negative i or past the end.
+DcICCPBase* ListOb(const StringList& list, int i);
+// Deletes the objects of list from the last to the first, then clears it.
+void DeleteListObjects(StringList& list);
+
 // Text conversions of the readers and writers.
 std::string Utf8ToLocal(const char* text);
 QString LocalToQ(const std::string& text);

@@ -54,5 +54,10 @@ signals:
 DcICCPBase* GetDAFromList(const std::string& path, StringList* list);
 // Reads the DcVCC elements under node into pVCC.
 void RakeNode1(TiXmlNode* node);
-// Writes the lines of one data set of the CSV export.
+// The lines of one data set in the CSV export.
 QString DataSetToCSV(DcICCPBase* dataSet);
+// Puts the variables that the standard fields of a data set report into
+// vars, unless present, also into serviceVars when given; scopeType is the
+// type of the member "Scope" of "Transfer_Set_Name".
+void MakeServiceVars(DcICCPBase* owner, StringList& vars, const std::string& scopeType,
+                     StringList* serviceVars);

@@ -1,0 +1,53 @@
+#include "app/FormWatcher.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMessageBox>
+#include <QPixmap>
+#include <QPushButton>
+#include <cstdio>
+
+FormWatcher::FormWatcher(bool closeForm, const QString& screenshot)
+    : m_closeForm(closeForm), m_screenshot(screenshot) {
+    m_timer.setInterval(0);
+    connect(&m_timer, SIGNAL(timeout()), this, SLOT(poll()));
+}
+
+void FormWatcher::start() {
+    m_timer.start();
+}
+
+void FormWatcher::stop() {
+    m_timer.stop();
+}
+
+void FormWatcher::poll() {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (!modal || !modal->isVisible())
+        return;
+    auto box = qobject_cast<QMessageBox*>(modal);
+    if (!box) {
+        handleForm(modal);
+        return;
+    }
+    if (!m_closeForm)
+        return;
+    fprintf(stderr, "iccp-host: message \"%s\": %s\n", qPrintable(box->windowTitle()),
+            qPrintable(box->text()));
+    QAbstractButton* answer = box->escapeButton();
+    if (!answer)
+        answer = box->defaultButton();
+    if (answer)
+        answer->click();
+    else
+        box->close();
+}
+
+void FormWatcher::handleForm(QWidget* form) {
+    m_formSeen = true;
+    stop();
+    if (!m_screenshot.isEmpty() && !form->grab().save(m_screenshot, "PNG"))
+        m_screenshotError = m_screenshot + ": the picture could not be written";
+    if (m_closeForm)
+        form->close();
+}

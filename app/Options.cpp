@@ -1,0 +1,52 @@
+#include "app/Options.h"
+
+const char* const hostUsage =
+    "usage: iccp-host [PROJECT.json] [--unit N] [--headless] [--print-datarun]\n"
+    "                 [--screenshot FILE.png] [--plugin PATH]\n"
+    "\n"
+    "Opens the ICCP server configuration form for one unit of a host project.\n"
+    "  PROJECT.json          project of the stand-in host, saved back after the form\n"
+    "                        closes; without it the built-in demo project is used\n"
+    "  --unit N              the N-th unit (from 0) of the first line's direction\n"
+    "  --headless            offscreen; the form is closed as soon as it is shown\n"
+    "  --print-datarun       print the unit's $DATARUN after the form has closed\n"
+    "  --screenshot FILE.png save a picture of the form once it is shown\n"
+    "  --plugin PATH         the plug-in library to load\n";
+
+bool ParseOptions(const QStringList& args, HostOptions& options, QString& error) {
+    for (int i = 0; i < args.size(); ++i) {
+        const QString& arg = args[i];
+        const bool takesValue = arg == "--unit" || arg == "--screenshot" || arg == "--plugin";
+        if (takesValue && i + 1 == args.size()) {
+            error = arg + " needs a value";
+            return false;
+        }
+        if (arg == "--unit") {
+            bool ok = false;
+            options.unit = args[++i].toInt(&ok);
+            if (!ok || options.unit < 0) {
+                error = "--unit takes a number from 0: " + args[i];
+                return false;
+            }
+        } else if (arg == "--screenshot") {
+            options.screenshot = args[++i];
+        } else if (arg == "--plugin") {
+            options.plugin = args[++i];
+        } else if (arg == "--headless") {
+            options.headless = true;
+        } else if (arg == "--print-datarun") {
+            options.printDatarun = true;
+        } else if (arg == "-h" || arg == "--help") {
+            options.help = true;
+        } else if (arg.startsWith('-')) {
+            error = "unknown option " + arg;
+            return false;
+        } else if (options.project.isEmpty()) {
+            options.project = arg;
+        } else {
+            error = "one project file only: " + arg;
+            return false;
+        }
+    }
+    return true;
+}

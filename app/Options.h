@@ -1,0 +1,21 @@
+// The command line of iccp-host.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+struct HostOptions {
+    QString project; // empty: the built-in demo project
+    int unit = 0;    // position among the units of the first line's direction
+    bool headless = false;
+    bool printDatarun = false;
+    QString screenshot;
+    QString plugin;
+    bool help = false;
+};
+
+extern const char* const hostUsage;
+
+// Reads the arguments after the program name; false with `error` set on a
+// bad line.
+bool ParseOptions(const QStringList& args, HostOptions& options, QString& error);

@@ -1,0 +1,90 @@
+// iccp-host: the stand-in host configurator's launcher. It opens a project
+// (or the demo), loads the plug-in by name and runs the form for one unit.
+
+#include "app/FormWatcher.h"
+#include "app/Options.h"
+#include "app/PluginLoader.h"
+#include "host/DemoProject.h"
+#include "host/ProjectFile.h"
+
+#include <QApplication>
+#include <cstdio>
+
+namespace {
+
+int Fail(const QString& message) {
+    fprintf(stderr, "iccp-host: %s\n", qPrintable(message));
+    return 1;
+}
+
+void PrintDatarun(HostObject* unit) {
+    const QByteArray text = unit->get("$DATARUN").toByteArray();
+    fwrite(text.constData(), 1, size_t(text.size()), stdout);
+    if (!text.isEmpty() && !text.endsWith('\n'))
+        fputc('\n', stdout);
+    fflush(stdout);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QStringList args;
+    for (int i = 1; i < argc; ++i)
+        args << QString::fromLocal8Bit(argv[i]);
+    HostOptions options;
+    QString error;
+    if (!ParseOptions(args, options, error)) {
+        fprintf(stderr, "iccp-host: %s\n%s", qPrintable(error), hostUsage);
+        return 2;
+    }
+    if (options.help) {
+        fputs(hostUsage, stdout);
+        return 0;
+    }
+    if (options.headless)
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+
+    HostProject project;
+    if (options.project.isEmpty())
+        BuildDemoProject(project);
+    else if (!LoadProject(project, options.project, &error))
+        return Fail(error);
+
+    HostObject* line = project.findFirst(cotLine);
+    if (!line)
+        return Fail("the project has no line");
+    const QList<HostObject*> units = line->owner()->children(cotUnit);
+    if (options.unit >= units.size())
+        return Fail(QString("the direction of the first line has %1 unit(s); there is no unit %2")
+                        .arg(units.size())
+                        .arg(options.unit));
+    HostObject* unit = units[options.unit];
+
+    PluginLoader plugin;
+    const QString path = options.plugin.isEmpty() ? QString(ICCP_DEFAULT_PLUGIN) : options.plugin;
+    if (!plugin.load(path, &error))
+        return Fail(error);
+    uint64_t major = 0, minor = 0, build = 0;
+    const char* author = nullptr;
+    plugin.version(&major, &minor, &build, nullptr, &author);
+    fprintf(stderr, "iccp-host: %s %llu.%llu.%llu, %s\n", qPrintable(path),
+            static_cast<unsigned long long>(major), static_cast<unsigned long long>(minor),
+            static_cast<unsigned long long>(build), author ? author : "");
+
+    FormWatcher watcher(options.headless, options.screenshot);
+    if (options.headless || !options.screenshot.isEmpty())
+        watcher.start();
+    plugin.formGet(HostProject::table(), line, unit, nullptr);
+    watcher.stop();
+
+    if (!options.project.isEmpty() && !SaveProject(project, options.project, &error))
+        return Fail(error);
+    if (options.printDatarun)
+        PrintDatarun(unit);
+    if (!options.screenshot.isEmpty() && !watcher.formSeen())
+        fprintf(stderr, "iccp-host: no form was shown, so no screenshot was taken\n");
+    if (!watcher.screenshotError().isEmpty())
+        return Fail(watcher.screenshotError());
+    return 0;
+}

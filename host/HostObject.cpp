@@ -1,0 +1,153 @@
+#include "host/HostObject.h"
+
+#include <QSet>
+#include <cmath>
+#include <limits>
+
+namespace {
+// Every live object, so that a stale or foreign handle is told apart.
+QSet<const void*>& Registry() {
+    static QSet<const void*> registry;
+    return registry;
+}
+
+bool IsIntegral(int type) {
+    return type == QMetaType::Int || type == QMetaType::UInt || type == QMetaType::LongLong ||
+           type == QMetaType::ULongLong;
+}
+} // namespace
+
+int HostParam::enumSize() const {
+    int count = 0;
+    for (const QByteArray& item : enumText.split(';'))
+        if (!item.trimmed().isEmpty())
+            ++count;
+    return count;
+}
+
+bool ConvertToParamType(TCfgPropType type, const QVariant& in, QVariant& out) {
+    const int from = in.userType();
+    const bool isText = from == QMetaType::QByteArray || from == QMetaType::QString;
+    const QByteArray raw = from == QMetaType::QString ? in.toString().toUtf8() : in.toByteArray();
+    const QByteArray text = raw.trimmed();
+    bool ok = false;
+    switch (type) {
+    case cptBool:
+        if (from == QMetaType::Bool || IsIntegral(from)) {
+            out = in.toLongLong() != 0;
+            return true;
+        }
+        if (isText && (text == "true" || text == "1" || text == "false" || text == "0")) {
+            out = text == "true" || text == "1";
+            return true;
+        }
+        return false;
+    case cptInt: {
+        qlonglong v = 0;
+        if (from == QMetaType::Bool || IsIntegral(from)) {
+            v = in.toLongLong();
+        } else if (from == QMetaType::Double) {
+            const double d = in.toDouble();
+            if (d != std::floor(d) || std::fabs(d) > 2147483647.0)
+                return false;
+            v = qlonglong(d);
+        } else if (isText) {
+            v = text.toLongLong(&ok);
+            if (!ok)
+                return false;
+        } else {
+            return false;
+        }
+        if (v < std::numeric_limits<int32_t>::min() || v > std::numeric_limits<int32_t>::max())
+            return false;
+        out = int(v);
+        return true;
+    }
+    case cptDouble:
+        if (from == QMetaType::Bool || IsIntegral(from) || from == QMetaType::Double) {
+            out = in.toDouble();
+            return true;
+        }
+        if (isText) {
+            const double d = text.toDouble(&ok);
+            if (ok)
+                out = d;
+            return ok;
+        }
+        return false;
+    case cptText:
+        if (from == QMetaType::Bool)
+            out = QByteArray(in.toBool() ? "true" : "false");
+        else if (IsIntegral(from))
+            out = QByteArray::number(in.toLongLong());
+        else if (from == QMetaType::Double)
+            out = QByteArray::number(in.toDouble(), 'g', 17);
+        else if (isText)
+            out = raw;
+        else
+            return false;
+        return true;
+    default:
+        return false;
+    }
+}
+
+HostObject::HostObject(HostProject* project, HostObject* owner, TCfgObjectType kind,
+                       const QByteArray& moduleKey)
+    : m_project(project), m_owner(owner), m_kind(kind), m_moduleKey(moduleKey) {
+    Registry().insert(this);
+}
+
+HostObject::~HostObject() {
+    Registry().remove(this);
+    qDeleteAll(m_children);
+}
+
+HostObject* HostObject::fromHandle(const void* handle) {
+    if (!handle || !Registry().contains(handle))
+        return nullptr;
+    return static_cast<HostObject*>(const_cast<void*>(handle));
+}
+
+QList<HostObject*> HostObject::children(int kind) const {
+    QList<HostObject*> result;
+    for (HostObject* child : m_children)
+        if (child->m_kind == kind)
+            result.append(child);
+    return result;
+}
+
+int HostObject::paramIndex(const QByteArray& name) const {
+    for (int i = 0; i < m_params.size(); ++i)
+        if (m_params[i].name == name)
+            return i;
+    return -1;
+}
+
+HostParam* HostObject::param(const QByteArray& name) {
+    return paramAt(paramIndex(name));
+}
+
+HostParam* HostObject::paramAt(int index) {
+    if (index < 0 || index >= m_params.size())
+        return nullptr;
+    return &m_params[index];
+}
+
+QVariant HostObject::get(const QByteArray& name) const {
+    const int index = paramIndex(name);
+    return index < 0 ? QVariant() : m_params[index].value;
+}
+
+bool HostObject::set(const QByteArray& name, const QVariant& value) {
+    HostParam* p = param(name);
+    return p && ConvertToParamType(p->type, value, p->value);
+}
+
+void HostObject::addParam(const HostParam& param) {
+    const int index = paramIndex(param.name);
+    if (index < 0)
+        m_params.append(param);
+    else
+        m_params[index] = param;
+}

@@ -1,0 +1,76 @@
+// One object of the stand-in host's project: its kind, its owner, its
+// ordered children and its typed parameters with their descriptions.
+#pragma once
+
+#include "plugin/cfgInterface.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QVariant>
+
+class HostProject;
+
+// A typed parameter and the host's description of it.
+struct HostParam {
+    QByteArray name;
+    TCfgPropType type = cptUndef;
+    QVariant value; // bool, int, double or QByteArray, after `type`
+    QByteArray caption;
+    bool editable = true;
+    bool visible = true;
+    bool fixedList = false;
+    QByteArray enumText;  // "key=value;key=value", empty for none
+    QByteArray rangeText; // "low=high", empty for none
+
+    // Number of items of the enumeration.
+    int enumSize() const;
+};
+
+// Converts `in` to a value of `type`: numbers between each other when no
+// precision is lost, texts parsed, anything rendered as text. False when the
+// value doesn't fit.
+bool ConvertToParamType(TCfgPropType type, const QVariant& in, QVariant& out);
+
+class HostObject {
+public:
+    ~HostObject();
+    HostObject(const HostObject&) = delete;
+    HostObject& operator=(const HostObject&) = delete;
+
+    HostProject* project() const { return m_project; }
+    HostObject* owner() const { return m_owner; }
+    TCfgObjectType kind() const { return m_kind; }
+    const QByteArray& moduleKey() const { return m_moduleKey; }
+    const QList<HostObject*>& children() const { return m_children; }
+    // Children of one kind, in order.
+    QList<HostObject*> children(int kind) const;
+
+    const QList<HostParam>& params() const { return m_params; }
+    int paramIndex(const QByteArray& name) const;
+    HostParam* param(const QByteArray& name);
+    HostParam* paramAt(int index);
+    // The value of a parameter; invalid when there is none.
+    QVariant get(const QByteArray& name) const;
+    // Stores a value converted to the parameter's type; false when there is
+    // no such parameter or the value doesn't convert.
+    bool set(const QByteArray& name, const QVariant& value);
+    // Adds a parameter, or replaces the one of that name in its place.
+    void addParam(const HostParam& param);
+
+    void* handle() { return this; }
+    // The object behind a handle, or null when the handle names no live
+    // object.
+    static HostObject* fromHandle(const void* handle);
+
+private:
+    friend class HostProject;
+    HostObject(HostProject* project, HostObject* owner, TCfgObjectType kind,
+               const QByteArray& moduleKey);
+
+    HostProject* m_project;
+    HostObject* m_owner;
+    TCfgObjectType m_kind;
+    QByteArray m_moduleKey;
+    QList<HostObject*> m_children; // owned
+    QList<HostParam> m_params;
+};

@@ -128,9 +128,10 @@ int DcDataSet::DecodeElement(TiXmlNode* node, const std::string& elementName) {
     for (TiXmlAttribute* a = element->FirstAttribute(); a; a = a->Next()) {
         if (a->NameTStr() != "name" || Elems.IndexOf(a->ValueStr()) >= 0)
             continue;
-        // Before the four standard fields, in file order.
-        int place = Elems.Count - StdFieldCount;
-        Elems.InsertObject(place < 0 ? 0 : place, a->ValueStr(), nullptr);
+        // Before the four standard fields, in file order; a set without
+        // them takes the entry at its end.
+        const int place = Elems.Count - StdFieldCount;
+        Elems.InsertObject(place < 0 ? Elems.Count : place, a->ValueStr(), nullptr);
     }
     return 0;
 }

@@ -240,32 +240,24 @@ bool DcTransSet::SetAttFromStr(const std::string& attribute, const std::string& 
 }
 
 int DcTransSet::DecodeElement(TiXmlNode* node, const std::string& elementName) {
-    DcICCPBase* object;
-    if (elementName == "DcDO") {
-        DcDO* structure = new DcDO(this);
-        DataSetName = structure;
-        structure->DecodeXML(node);
-        object = structure;
-    } else if (elementName == "DcDA") {
-        DcDA* variable = new DcDA(this);
-        variable->DecodeXML(node);
-        variable->SetTypedValue(variable->svalue);
-        object = variable;
-    } else {
+    const int before = Members.Count;
+    DcDO::DecodeElement(node, elementName);
+    if (Members.Count == before)
         return 0;
-    }
-    object->CanA = false;
-    object->CanC = true;
-    // A member of the same name gives way to the one read, in its place.
-    int i = Members.IndexOf(object->name);
-    if (i < 0) {
-        Members.AddObject(object->name, object, true);
+    const int last = Members.Count - 1;
+    DcICCPBase* read = MemberAt(Members, last);
+    if (elementName == "DcDO")
+        DataSetName = static_cast<DcDO*>(read);
+    // A member of the same name gives way to the one read, which takes its
+    // place: the order of InitVar stays.
+    const int i = Members.IndexOfAfterPos(0, read->name);
+    if (i < 0 || i == last)
         return 0;
-    }
     DcICCPBase* old = MemberAt(Members, i);
+    Members.Delete(last);
+    Members.AddObjToString(read, i);
     if (old == DataSetName)
         DataSetName = nullptr;
-    Members.AddObjToString(object, i);
     delete old;
     return 0;
 }

@@ -1,0 +1,81 @@
+// The road of a model text into memory as the form takes it on load, and its
+// teardown; shared by the XML tests, the fuzz target and the benchmark, which
+// all include this header.
+#pragma once
+
+#include <QFile>
+#include <QTextCodec>
+#include <string>
+#include <tinyxml.h>
+
+#include "model/ICCPTypes_Nat.h"
+#include "support/myNode.h"
+
+// The type tables are sorted and upper-cased once per process, as the form's
+// constructor does before any model is read. The model's text is UTF-8 and
+// so is the local 8-bit encoding.
+inline void PrepareModelTables() {
+    static bool done = false;
+    if (done)
+        return;
+    done = true;
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    FillCompareType();
+    SortDATypes();
+    SecTypesAToUp();
+    SortSecondaryTypes();
+}
+
+// Bytes of a file or a resource; empty when it can't be opened.
+inline std::string ReadWholeFile(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return std::string();
+    return file.readAll().toStdString();
+}
+
+// Parses text as UTF-8 and reads it into pDcDTTP and pVCC, then validates the
+// templates, completes the structures, binds the data sets and fills the
+// tree, whose root is returned in *tree (null when the text holds no DcVCC).
+// False, with nothing read, when the text doesn't parse.
+inline bool ReadModelText(const std::string& text, myNode** tree) {
+    *tree = nullptr;
+    TiXmlDocument doc;
+    doc.Parse(text.c_str(), nullptr, TIXML_ENCODING_UTF8);
+    if (doc.Error())
+        return false;
+    FindAndRakeDTTPFromStr(&doc, &pDcDTTP);
+    RakeNode1(&doc);
+    if (!pVCC)
+        return true;
+    *tree = new myNode(pVCC->name, pVCC);
+    // A document without DcTemplate leaves no template set to validate.
+    if (pDcDTTP)
+        pDcDTTP->ValidVar();
+    pVCC->BornDO();
+    pVCC->SetReletion();
+    pVCC->FillmyNode(*tree);
+    return true;
+}
+
+// Frees the tree and the model as the clearing flow does; deleting here is
+// teardown, not editing.
+inline void ClearModel(myNode*& tree) {
+    needemit = false;
+    if (tree)
+        tree->DeleteSubTree();
+    tree = nullptr;
+    delete pVCC;
+    pVCC = nullptr;
+    delete pDcDTTP;
+    pDcDTTP = nullptr;
+}
+
+// The frame that the form puts around the writers' output, with the model's
+// own line ends kept as they are.
+inline std::string FrameModelText(const QString& body) {
+    return "<?xml version = \"1.0\" ?>\r\n"
+           "<xsd:schema xmlns:xsd = \"http://www.w3.org/2001/XMLSchema\">\r\n"
+           "<DcTree>\r\n" +
+           body.toStdString() + "</DcTree>\r\n</xsd:schema>\r\n";
+}

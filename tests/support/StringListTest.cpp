@@ -445,6 +445,7 @@ TEST(StringList, FreeFunctions) {
     EXPECT_EQ(compOb(&refs[0], &refs[0]), 0);
     EXPECT_EQ(compOb(&refs[0], &refs[1]), -1);
     EXPECT_EQ(compOb(&refs[1], &refs[0]), 1);
+    MyStringList = nullptr;
 }
 
 TEST(List, AddFindDeleteSort) {

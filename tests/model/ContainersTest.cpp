@@ -1,0 +1,450 @@
+// The VCC and its ICCs: readers, passes after loading, lookups, the tree
+// and the writers.
+#include <tinyxml.h>
+
+#include "ModelFixture.h"
+#include "support/MyBuf.h"
+#include "support/myNode.h"
+
+namespace {
+
+const char* const kVccText =
+    "<DcVCC name = \"VCC_1\" desc = \"real\" foo = \"x\">"
+    "<DcDA name=\"A\" type=\"INT16\" svalue=\"5\"/>"
+    "<DcDA name=\"A\" type=\"INT16\"/>"
+    "<DcDO name=\"S\" type=\"Data_RealQ\"/>"
+    "<DcDO name=\"U\" type=\"Unknown\"/>"
+    "<DcDataSet name=\"DS\"><ElemDS name=\"A\"/></DcDataSet>"
+    "<DcDataSet name=\"DS\"/>"
+    "<DcLD name=\"ICC_1\" desc=\"first\" other=\"refused\">"
+    "<DcDA name=\"B\" type=\"INT32\" svalue=\"9\"/>"
+    "<DcDO name=\"R\" type=\"Data_RealQTimeTag\"/>"
+    "<DcDataSet name=\"L\"><ElemDS name=\"ICC_1/B\"/></DcDataSet><DcDataSet name=\"L\"/>"
+    "<DcTransSet name=\"TrSet_1\"/>"
+    "<DcNextTransferSet name=\"Other\"/><DcNextTransferSet/>"
+    "</DcLD>"
+    "<DcLD name=\"ICC_1\"/>"
+    "<Unknown/>"
+    "</DcVCC>";
+
+} // namespace
+
+TEST_F(ModelTest, VccReaderLogsDuplicatesAndKeepsThem) {
+    XmlText xml(kVccText);
+    vcc = new DcVCC();
+    pVCC = vcc;
+    LogRecorder log;
+    log.Listen(vcc);
+    EXPECT_EQ(vcc->DecodeXML(xml.Root()), 0);
+    EXPECT_EQ(vcc->name, "VCC_1");
+    EXPECT_EQ(vcc->desc, "x");
+    EXPECT_EQ(log.texts, QStringList({"error: VCC VCC_1 duplicate variable A",
+                                      "error: VCC VCC_1 type is absent in Template U",
+                                      "error: VCC VCC_1 duplicate variable ICC_1"}));
+    EXPECT_EQ(vcc->ErrCount, 3);
+    ASSERT_EQ(vcc->Vars.Count, 4);
+    EXPECT_EQ(ValueOf(qobject_cast<DcDA*>(ListOb(vcc->Vars, 0))), "5");
+    EXPECT_EQ(ValueOf(qobject_cast<DcDA*>(ListOb(vcc->Vars, 1))), "0");
+    EXPECT_EQ(vcc->Vars.Strings(3), "U");
+    EXPECT_EQ(vcc->DataSets.Count, 1);
+    ASSERT_EQ(vcc->ICCs.Count, 2);
+
+    DcLD* first = qobject_cast<DcLD*>(ListOb(vcc->ICCs, 0));
+    ASSERT_NE(first, nullptr);
+    EXPECT_EQ(first->desc, "first");
+    EXPECT_EQ(first->Vars.Count, 2);
+    EXPECT_EQ(first->DataSets.Count, 2);
+    EXPECT_EQ(first->TransSets.Count, 1);
+    ASSERT_NE(first->NextSet, nullptr);
+    EXPECT_EQ(first->NextSet->name, "Next_DSTransfer_Set");
+    EXPECT_EQ(first->NextSets.Count, 1);
+    EXPECT_TRUE(first->IsExistNext());
+    EXPECT_FALSE(vcc->IsExistNext());
+    EXPECT_FALSE(first->SetAttFromStr("other", "x"));
+}
+
+TEST_F(ModelTest, IccReaderLogsItsDuplicates) {
+    XmlText xml("<DcLD name=\"ICC_1\"><DcDA name=\"B\" type=\"INT16\"/>"
+                "<DcDO name=\"B\" type=\"Unknown\"/></DcLD>");
+    DcLD ld;
+    LogRecorder log;
+    log.Listen(&ld);
+    ld.DecodeXML(xml.Root());
+    EXPECT_EQ(log.texts, QStringList({"error: LD ICC_1 duplicate variable B"}));
+    EXPECT_EQ(ld.ErrCount, 1);
+    EXPECT_EQ(ld.Vars.Count, 2);
+}
+
+TEST_F(ModelTest, RakeNode1ReadsTheLastVccOfTheDocument) {
+    XmlText xml("<root><x><DcVCC name=\"First\"><DcDA name=\"A\" type=\"INT16\"/></DcVCC></x>"
+                "<DcVCC name=\"Second\"/></root>");
+    RakeNode1(xml.Document());
+    ASSERT_NE(pVCC, nullptr);
+    EXPECT_EQ(pVCC->name, "Second");
+    EXPECT_FALSE(pVCC->CanA || pVCC->CanC);
+    EXPECT_TRUE(pVCC->CanB);
+    EXPECT_EQ(pVCC->Owner, nullptr);
+    RakeNode1(nullptr);
+}
+
+TEST_F(ModelTest, BornDOSetsMembersAndRowOffsets) {
+    XmlText xml(kVccText);
+    RakeNode1(xml.Document());
+    vcc = pVCC;
+    ASSERT_NE(vcc, nullptr);
+    vcc->BornDO();
+    EXPECT_EQ(qobject_cast<DcDO*>(ListOb(vcc->Vars, 2))->Members.Count, 2);
+    EXPECT_EQ(qobject_cast<DcDO*>(ListOb(vcc->Vars, 3))->Members.Count, 0);
+    DcLD* ld = qobject_cast<DcLD*>(ListOb(vcc->ICCs, 0));
+    DcDO* r = qobject_cast<DcDO*>(ListOb(ld->Vars, 1));
+    ASSERT_EQ(r->Members.Count, 2);
+    EXPECT_EQ(qobject_cast<DcDO*>(ListOb(r->Members, 0))->Members.Count, 2);
+
+    EXPECT_EQ(std::vector<int>(ld->RowBase, ld->RowBase + 5), std::vector<int>({1, 1, 2, 2, 4}));
+    EXPECT_EQ(std::vector<int>(vcc->RowBase, vcc->RowBase + 5), std::vector<int>({0, 0, 4, 0, 4}));
+
+    EXPECT_EQ(ld->GetObj(-1), nullptr);
+    EXPECT_EQ(ld->GetObj(0), ListOb(ld->TransSets, 0));
+    EXPECT_EQ(ld->GetObj(1), ld->NextSet);
+    EXPECT_EQ(ld->GetObj(2), ListOb(ld->Vars, 0));
+    EXPECT_EQ(ld->GetObj(3), r);
+    EXPECT_EQ(ld->GetObj(4), nullptr);
+    EXPECT_EQ(vcc->GetObj(0), ListOb(vcc->Vars, 0));
+    EXPECT_EQ(vcc->GetObj(3), ListOb(vcc->Vars, 3));
+    EXPECT_EQ(vcc->GetObj(4), nullptr);
+
+    int index = 99;
+    EXPECT_EQ(ld->FindInd("R", index), &ld->Vars);
+    EXPECT_EQ(index, 3);
+    EXPECT_EQ(ld->FindInd("TrSet_1", index), &ld->TransSets);
+    EXPECT_EQ(index, 0);
+    EXPECT_EQ(ld->FindInd("Next_DSTransfer_Set", index), &ld->NextSets);
+    EXPECT_EQ(index, 1);
+    EXPECT_EQ(ld->FindInd("Nope", index), nullptr);
+    EXPECT_EQ(ld->FindObject("R"), r);
+    EXPECT_EQ(ld->FindObject("TrSet_1"), ListOb(ld->TransSets, 0));
+    EXPECT_EQ(ld->FindObject("Nope"), nullptr);
+}
+
+TEST_F(ModelTest, VccLookups) {
+    MakeModel();
+    DcDA* a = AddDA(vcc->Vars, vcc, "A");
+    DcDO* s = AddDO(vcc->Vars, vcc, "S");
+    DcDA* var = AddDA(icc->Vars, icc, "Var");
+    DcDO* str = AddDO(icc->Vars, icc, "Str", "Data_RealQTimeTag");
+    DcDataSet* dataSet = new DcDataSet("DS", vcc);
+    vcc->DataSets.AddObject("DS", dataSet, true);
+
+    EXPECT_EQ(vcc->GetChildCount(), 3);
+    EXPECT_EQ(vcc->GetChildById(0), a);
+    EXPECT_EQ(vcc->GetChildById(1), s);
+    // The row after the variables reads the variables again.
+    EXPECT_EQ(vcc->GetChildById(2), a);
+    EXPECT_EQ(vcc->GetChildById(3), nullptr);
+    EXPECT_EQ(vcc->GetChildById(-1), nullptr);
+    EXPECT_EQ(vcc->GetChildRow(a), -1);
+
+    EXPECT_EQ(vcc->GetDAbyLongName("ICC_1/Var$X"), var);
+    EXPECT_EQ(vcc->GetDAbyLongName("ICC_1/Var"), var);
+    EXPECT_EQ(vcc->GetDAbyLongName("ICC_1/Str$Q$Flags"),
+              ListOb(qobject_cast<DcDO*>(ListOb(str->Members, 0))->Members, 1));
+    EXPECT_EQ(vcc->GetDAbyLongName("S$Value"), ListOb(s->Members, 0));
+    EXPECT_EQ(vcc->GetDAbyLongName("S"), s);
+    EXPECT_EQ(vcc->GetDAbyLongName("S$Nope"), nullptr);
+    EXPECT_EQ(vcc->GetDAbyLongName("ICC_9/Var"), nullptr);
+    EXPECT_EQ(vcc->GetDAbyLongName("Nope$X"), nullptr);
+    EXPECT_EQ(GetDAFromList("A", nullptr), nullptr);
+    DcLD* stranger = new DcLD(s);
+    stranger->name = "L";
+    s->Members.AddObject("L", stranger, true);
+    EXPECT_EQ(vcc->GetDAbyLongName("S$L$X"), nullptr);
+
+    EXPECT_TRUE(vcc->IsDO("ICC_1/Str"));
+    EXPECT_FALSE(vcc->IsDO("ICC_1/Var"));
+    EXPECT_FALSE(vcc->IsDO("ICC_2/Str"));
+    EXPECT_FALSE(vcc->IsDO("S"));
+
+    DcDA* extra = new DcDA(vcc);
+    extra->name = "A";
+    vcc->Extra.AddObject("A", extra, true);
+    int index = -5;
+    EXPECT_EQ(vcc->FindObject("A"), extra);
+    EXPECT_EQ(vcc->FindInd("A", index), &vcc->Extra);
+    EXPECT_EQ(index, 0);
+    EXPECT_EQ(vcc->FindInd("S", index), &vcc->Vars);
+    EXPECT_EQ(index, 1);
+    EXPECT_EQ(vcc->FindObject("Nope"), nullptr);
+    vcc->SetRefDS();
+}
+
+TEST_F(ModelTest, SetReletionBindsEntriesAfterLoading) {
+    XmlText xml("<DcVCC name=\"V\"><DcDataSet name=\"DS\"><ElemDS name=\"A\"/>"
+                "<ElemDS name=\"ICC_1/B\"/></DcDataSet>"
+                "<DcLD name=\"ICC_1\"><DcDataSet name=\"L\"><ElemDS name=\"ICC_1/B\"/>"
+                "<ElemDS name=\"ICC_1/Late\"/></DcDataSet><DcDA name=\"B\" type=\"INT32\"/>"
+                "</DcLD><DcDA name=\"A\" type=\"INT16\"/></DcVCC>");
+    RakeNode1(xml.Document());
+    vcc = pVCC;
+    ASSERT_NE(vcc, nullptr);
+    DcDataSet* ds = qobject_cast<DcDataSet*>(ListOb(vcc->DataSets, 0));
+    DcLD* ld = qobject_cast<DcLD*>(ListOb(vcc->ICCs, 0));
+    ASSERT_TRUE(ds && ld);
+    DcDataSet* l = qobject_cast<DcDataSet*>(ListOb(ld->DataSets, 0));
+    ASSERT_NE(l, nullptr);
+    // Entries read before their variables stay texts until the pass.
+    EXPECT_EQ(ds->Elems.Objects(ds->Elems.IndexOf("A")), nullptr);
+    vcc->BornDO();
+    vcc->SetReletion();
+    EXPECT_EQ(ds->Elems.Objects(ds->Elems.IndexOf("A")), ListOb(vcc->Vars, 0));
+    EXPECT_EQ(ds->Elems.Objects(ds->Elems.IndexOf("ICC_1/B")), ListOb(ld->Vars, 0));
+    EXPECT_EQ(l->Elems.Objects(l->Elems.IndexOf("ICC_1/B")), ListOb(ld->Vars, 0));
+    EXPECT_EQ(l->Elems.Objects(l->Elems.IndexOf("ICC_1/Late")), nullptr);
+}
+
+TEST_F(ModelTest, InitVar4DSAddsTheServiceVariablesOnce) {
+    MakeModel();
+    AddDA(icc->Vars, icc, "Event_Code_Detected", "INT32");
+    vcc->InitVar4DS();
+    icc->InitVar4DS();
+    ASSERT_EQ(vcc->Vars.Count, 4);
+    EXPECT_EQ(vcc->ServiceVars.Count, 4);
+    EXPECT_EQ(icc->Vars.Count, 4);
+    for (int i = 0; i < 4; ++i) {
+        DcICCPBase* var = ListOb(vcc->Vars, i);
+        EXPECT_TRUE(var->Service);
+        EXPECT_FALSE(var->CanA || var->CanC);
+        EXPECT_EQ(vcc->ServiceVars.Objects(i), var);
+        if (DcDA* da = qobject_cast<DcDA*>(var)) {
+            EXPECT_FALSE(da->Plain);
+        }
+    }
+    EXPECT_FALSE(ListOb(icc->Vars, 0)->Service);
+    EXPECT_EQ(qobject_cast<DcDA*>(ListOb(icc->Vars, 0))->type, "INT32");
+
+    DcDA* events = qobject_cast<DcDA*>(ListOb(vcc->Vars, vcc->Vars.IndexOf("Event_Code_Detected")));
+    ASSERT_NE(events, nullptr);
+    EXPECT_EQ(events->type, "INT16");
+    EXPECT_EQ(ValueOf(events), "0");
+    DcDA* stamp =
+        qobject_cast<DcDA*>(ListOb(vcc->Vars, vcc->Vars.IndexOf("Transfer_Set_Time_Stamp")));
+    EXPECT_EQ(stamp->type, "INT32");
+    DcDA* conditions =
+        qobject_cast<DcDA*>(ListOb(vcc->Vars, vcc->Vars.IndexOf("DSConditions_Detected")));
+    EXPECT_EQ(conditions->type, "BitString");
+
+    auto scopeType = [](StringList& vars) {
+        DcDO* name = qobject_cast<DcDO*>(ListOb(vars, vars.IndexOf("Transfer_Set_Name")));
+        EXPECT_NE(name, nullptr);
+        if (!name)
+            return std::string();
+        EXPECT_EQ(name->Members.Count, 3);
+        EXPECT_EQ(name->Members.Strings(1), "DomainName");
+        return qobject_cast<DcDA*>(ListOb(name->Members, 0))->type;
+    };
+    EXPECT_EQ(scopeType(vcc->Vars), "UINT8");
+    EXPECT_EQ(scopeType(icc->Vars), "INT8");
+
+    vcc->InitVar4DS();
+    icc->InitVar4DS();
+    EXPECT_EQ(vcc->Vars.Count, 4);
+    EXPECT_EQ(vcc->ServiceVars.Count, 4);
+    EXPECT_EQ(icc->Vars.Count, 4);
+}
+
+TEST_F(ModelTest, FillmyNodeLaysOutTheTree) {
+    myNode empty("VCC");
+    DcVCC bare;
+    bare.FillmyNode(&empty);
+    EXPECT_EQ(ChildNames(&empty),
+              "Наборы данных (DataSets),Переменные,Inter Control Center's (ICC)");
+    EXPECT_EQ(bare.RootNode, &empty);
+    EXPECT_EQ(bare.VarsNode, empty.FirstChild->Next);
+    bare.FillmyNode(nullptr);
+    empty.FirstChild->DeleteSubTree();
+
+    XmlText xml(kVccText);
+    RakeNode1(xml.Document());
+    vcc = pVCC;
+    vcc->BornDO();
+    vcc->InitVar4DS();
+    myNode root(vcc->name, vcc);
+    vcc->FillmyNode(&root);
+    myNode* dataSets = root.FirstChild;
+    myNode* vars = dataSets->Next;
+    myNode* iccs = vars->Next;
+    EXPECT_EQ(ChildNames(dataSets), "DS");
+    EXPECT_EQ(ChildNames(vars), "A,A,S,U");
+    myNode* s = vars->GetChildById(2);
+    EXPECT_EQ(ChildNames(s), "Value,Flags");
+    EXPECT_EQ(s->Saved, s->FirstChild);
+    EXPECT_EQ(ChildNames(iccs), "ICC_1,ICC_1");
+
+    myNode* ld = iccs->FirstChild;
+    EXPECT_EQ(ld->object, ListOb(vcc->ICCs, 0));
+    EXPECT_EQ(ChildNames(ld),
+              "Next_DSTransfer_Set,Transfer_Sets,Наборы данных (DataSets),Переменные");
+    myNode* transSets = ld->GetChildById(1);
+    EXPECT_EQ(ChildNames(transSets), "TrSet_1");
+    // A transfer set is a service object: its members are not shown.
+    EXPECT_EQ(ChildNames(transSets->FirstChild), "");
+    EXPECT_EQ(ChildNames(ld->GetChildById(2)), "L,L");
+    myNode* ldVars = ld->GetChildById(3);
+    EXPECT_EQ(ChildNames(ldVars), "B,R");
+    EXPECT_EQ(ChildNames(ldVars->GetChildById(1)), "Q,TimeStamp");
+    EXPECT_EQ(ChildNames(ldVars->GetChildById(1)->FirstChild), "Value,Flags");
+    EXPECT_EQ(ChildNames(iccs->GetChildById(1)),
+              "Transfer_Sets,Наборы данных (DataSets),Переменные");
+    // The service variables stay in the list.
+    EXPECT_EQ(vcc->Vars.Count, 8);
+    root.FirstChild->DeleteSubTree();
+}
+
+TEST_F(ModelTest, CorrectDSTSTakesStoredValues) {
+    MakeModel();
+    DcTransSet* target = new DcTransSet("TrSet_1", false, icc);
+    icc->TransSets.AddObject(target->name, target, true);
+    DcTransSet* source = new DcTransSet("TrSet_1", false, nullptr);
+    ASSERT_EQ(source->PutVar("StartTime", "77"), 0);
+    StringList stored;
+    vcc->CorrectDSTS(nullptr);
+    vcc->CorrectDSTS(&stored);
+    stored.AddObject("ICC_1/TrSet_2", source, true);
+    vcc->CorrectDSTS(&stored);
+    std::string out;
+    target->GetVar("StartTime", out);
+    EXPECT_EQ(out, "0");
+    stored.ChString(0, "ICC_1/TrSet_1");
+    vcc->CorrectDSTS(&stored);
+    target->GetVar("StartTime", out);
+    EXPECT_EQ(out, "77");
+    delete source;
+}
+
+TEST_F(ModelTest, ContainerWritersByteForByte) {
+    MakeModel();
+    vcc->name = "V";
+    vcc->desc = "d";
+    icc->name = "I";
+    icc->desc = "x";
+    vcc->ICCs.ChString(0, "I");
+    DcDA* a = new DcDA(vcc);
+    a->name = "A";
+    a->svalue = "1";
+    vcc->Vars.AddObject("A", a, true);
+    vcc->Vars.AddObject("Gone", nullptr, true);
+    DcDataSet* ds = new DcDataSet("DS", vcc);
+    vcc->DataSets.AddObject("DS", ds, true);
+
+    icc->NextSet = new DcNextTransferSet(icc);
+    icc->NextSets.AddObject(icc->NextSet->name, icc->NextSet, true);
+    DcDA* b = new DcDA(icc);
+    b->name = "B";
+    icc->Vars.AddObject("B", b, true);
+    DcDataSet* empty = new DcDataSet("E", nullptr);
+    icc->DataSets.AddObject("E", empty, true);
+    DcDataSet* l = new DcDataSet("L", icc);
+    icc->DataSets.AddObject("L", l, true);
+    l->AddObRef(b);
+    // Any object stands in a transfer set's place in the writer's order.
+    DcDO* t = new DcDO(icc);
+    t->name = "T";
+    icc->TransSets.AddObject("T", t, true);
+
+    EXPECT_EQ(vcc->ToXML(2),
+              "  <DcVCC name = \"V\"  desc=\"d\"  >\r\n"
+              "    <DcDA  name = \"A\" type = \"\" desc = \"\" svalue = \"1\" refDSRT = \"\" "
+              "ByteCount=\"0\"  unused=\"0\" refDS = \"\"  flagAbility = \"0\" /> \r\n"
+              "    <DcDataSet  name = \"DS\"  desc=\"\" > \r\n"
+              "    </DcDataSet> \r\n"
+              "    <DcLD  name = \"I\" desc=\"x\" > \r\n"
+              "      <DcNextTransferSet name=\"Next_DSTransfer_Set\" /> \r\n"
+              "      <DcDA  name = \"B\" type = \"\" desc = \"\" svalue = \"\" refDSRT = \"\" "
+              "ByteCount=\"0\"  unused=\"0\" refDS = \"\"  flagAbility = \"0\" /> \r\n"
+              "      <DcDO  name = \"T\" type = \"\" desc = \"\" refDSRT = \"\" refDS = \"\" >\r\n"
+              "      </DcDO> \r\n"
+              "      <DcDataSet  name = \"L\"  desc=\"\" > \r\n"
+              "         <ElemDS name=\"I/B\" /> \r\n"
+              "      </DcDataSet> \r\n"
+              "    </DcLD> \r\n"
+              "  </DcVCC>\r\n");
+
+    DcDO* t2 = new DcDO(icc);
+    t2->name = "T2";
+    icc->TransSets.AddObject("T2", t2, true);
+    a->type = "INT16";
+    a->desc = "da";
+    b->type = "INT32";
+    EXPECT_EQ(vcc->ToCSV(0), QString::fromUtf8("VCC::;V\r\n"
+                                               ";;Переменные:; ObjectName; Type; "
+                                               "Владелец;Описание;\r\n"
+                                               ";;;A;INT16;V;da\r\n"
+                                               ";;DataSet DS\r\n"
+                                               ";;;DSConditions_Detected\r\n"
+                                               ";;;Event_Code_Detected\r\n"
+                                               ";;;Transfer_Set_Time_Stamp\r\n"
+                                               ";;;Transfer_Set_Name\r\n"
+                                               ";ICC:(domain) ;I\r\n"
+                                               ";;Переменные:; ObjectName; Type; "
+                                               "Владелец;Описание\r\n"
+                                               ";;;B;INT32;I;\r\n"
+                                               ";;DataSet E\r\n"
+                                               ";;DataSet L\r\n"
+                                               ";;;I/B\r\n"
+                                               ";;;DSConditions_Detected\r\n"
+                                               ";;;Event_Code_Detected\r\n"
+                                               ";;;Transfer_Set_Time_Stamp\r\n"
+                                               ";;;Transfer_Set_Name\r\n"
+                                               ";;Next Transfer Set: Next_DSTransfer_Set\r\n"
+                                               ";;Data Set Transfer Set: T"
+                                               ";;Data Set Transfer Set: T2"));
+
+    DcVCC lone;
+    lone.name = "W";
+    EXPECT_EQ(lone.ToCSV(5), QString::fromUtf8("VCC::;W\r\n"
+                                               ";;Переменные:; ObjectName; Type; "
+                                               "Владелец;Описание;\r\n"));
+    EXPECT_EQ(lone.ToXML(0), "<DcVCC name = \"W\"  desc=\"\"  >\r\n</DcVCC>\r\n");
+    DcLD bareIcc;
+    bareIcc.name = "J";
+    EXPECT_EQ(bareIcc.ToXML(1), " <DcLD  name = \"J\" desc=\"\" > \r\n </DcLD> \r\n");
+    EXPECT_EQ(bareIcc.ToCSV(2), QString::fromUtf8(";;ICC:(domain) ;J\r\n"
+                                                  ";;;Переменные:; ObjectName; Type; "
+                                                  "Владелец;Описание\r\n"));
+}
+
+TEST_F(ModelTest, HostileTemplatesEndWithoutCrash) {
+    // A ring of structured types, each holding the next twice.
+    std::string text = "<DcTemplate><DcDAType type=\"INT16\" value=\"0\" size=\"2\"/>";
+    for (int i = 0; i < 20; ++i) {
+        std::string next = "T" + std::to_string((i + 1) % 20);
+        text += "<DcDOType type=\"T" + std::to_string(i) +
+                "\"><DcDA name=\"v\" type=\"INT16\"/>"
+                "<DcDO name=\"a\" type=\"" +
+                next + "\"/><DcDO name=\"b\" type=\"" + next + "\"/></DcDOType>";
+    }
+    text += "<DcDAType type=\"Huge\" size=\"2000000000\" value=\"1\"/>"
+            "<DcDAType type=\"Odd\" size=\"-7\" unused=\"-9\" value=\"1\"/>"
+            "</DcTemplate>";
+    delete pDcDTTP;
+    pDcDTTP = nullptr;
+    XmlText types(text.c_str());
+    FindAndRakeDTTPFromStr(types.Document(), &pDcDTTP);
+    ASSERT_NE(pDcDTTP, nullptr);
+    EXPECT_TRUE(pDcDTTP->ValidVar());
+
+    XmlText model("<DcVCC name=\"V\"><DcDO name=\"R\" type=\"T0\"/>"
+                  "<DcDA name=\"H\" type=\"Huge\"/><DcDA name=\"O\" type=\"Odd\"/></DcVCC>");
+    RakeNode1(model.Document());
+    ASSERT_NE(pVCC, nullptr);
+    pVCC->BornDO();
+    myNode root("V", pVCC);
+    pVCC->FillmyNode(&root);
+    EXPECT_FALSE(pVCC->ToXML(2).isEmpty());
+    EXPECT_FALSE(pVCC->ToCSV(0).isEmpty());
+    root.FirstChild->DeleteSubTree();
+
+    myNode desc("T0");
+    qobject_cast<DcDOType*>(pDcDTTP->FindType("T0"))->GetFullContDesc(&desc);
+    EXPECT_NE(desc.FirstChild, nullptr);
+    desc.FirstChild->DeleteSubTree();
+}

@@ -1,0 +1,354 @@
+// The template set: reading, duplicates, order of the file, validation,
+// expansion, ordering and the writers.
+#include <tinyxml.h>
+
+#include "ModelFixture.h"
+#include "support/MyBuf.h"
+#include "support/myNode.h"
+
+TEST_F(ModelTest, TemplatesAreReadInFileOrder) {
+    EXPECT_EQ(pDcDTTP->Types.Count, 14);
+    EXPECT_EQ(pDcDTTP->TypeList.size(), 14);
+    EXPECT_EQ(pDcDTTP->Types.Strings(0), "INT16");
+    EXPECT_EQ(pDcDTTP->Types.Strings(13), "Data_RealQTimeTag");
+    EXPECT_FALSE(pDcDTTP->CanA || pDcDTTP->CanB || pDcDTTP->CanC);
+
+    DcDAType* bits = GetDcDAType("BitString12");
+    ASSERT_NE(bits, nullptr);
+    EXPECT_EQ(bits->idtype, 17);
+    EXPECT_EQ(bits->size, 2);
+    EXPECT_EQ(bits->unused, 4);
+    EXPECT_EQ(bits->senum, "a,b");
+    EXPECT_EQ(bits->value, "110000000000");
+    EXPECT_EQ(GetDcDAType("INT16")->defname, "I16");
+
+    DcDOType* realQ = qobject_cast<DcDOType*>(pDcDTTP->FindType("Data_RealQ"));
+    ASSERT_NE(realQ, nullptr);
+    EXPECT_EQ(realQ->defname, "RealQ");
+    EXPECT_EQ(realQ->idtype, 1);
+    ASSERT_EQ(realQ->GetChildCount(), 2);
+    DcDA* value = qobject_cast<DcDA*>(realQ->GetChildById(0));
+    ASSERT_NE(value, nullptr);
+    EXPECT_EQ(value->Template, GetDcDAType("Data_Real"));
+    EXPECT_EQ(ValueOf(value), "-10.000000");
+    EXPECT_EQ(realQ->GetChildById(2), nullptr);
+}
+
+TEST_F(ModelTest, LookupsInTheTemplateSet) {
+    EXPECT_NE(GetDcDAType("INT16"), nullptr);
+    EXPECT_EQ(GetDcDAType("Data_RealQ"), nullptr);
+    EXPECT_EQ(GetDcDAType("Missing"), nullptr);
+    EXPECT_NE(FindTemplate("Data_RealQ"), nullptr);
+
+    DcICCPBase* realQ = pDcDTTP->FindType("Data_RealQ");
+    EXPECT_EQ(pDcDTTP->GetChildRow(realQ), 12);
+    EXPECT_EQ(pDcDTTP->GetChildRow(GetDcDAType("INT32")), 1);
+    DcDA da;
+    EXPECT_EQ(pDcDTTP->GetChildRow(&da), -1);
+    EXPECT_EQ(pDcDTTP->GetChildCount(), 14);
+    EXPECT_EQ(pDcDTTP->GetChildById(12), realQ);
+    EXPECT_EQ(pDcDTTP->GetChildById(-1), nullptr);
+
+    DcDTTP* kept = pDcDTTP;
+    pDcDTTP = nullptr;
+    EXPECT_EQ(GetDcDAType("INT16"), nullptr);
+    pDcDTTP = kept;
+}
+
+TEST(Templates, DuplicatesAreLoggedAndTheFirstKept) {
+    XmlText xml("<DcTemplate>"
+                "<DcDAType type=\"INT16\" value=\"1\"/>"
+                "<DcDOType type=\"Pair\"/>"
+                "<DcDAType type=\"INT16\" value=\"2\"/>"
+                "<DcDOType type=\"Pair\" defname=\"second\"/>"
+                "<Other/>"
+                "</DcTemplate>");
+    DcDTTP dttp;
+    LogRecorder log;
+    log.Listen(&dttp);
+    EXPECT_EQ(dttp.DecodeXML(xml.Root()), 0);
+    EXPECT_EQ(log.texts, QStringList({"error: DTTP duplicate variable : INT16",
+                                      "error: DTTP duplicate variable : Pair"}));
+    EXPECT_EQ(dttp.DupDAType, 1);
+    EXPECT_EQ(dttp.DupDOType, 1);
+    EXPECT_EQ(dttp.ErrCount, 2);
+    ASSERT_EQ(dttp.Types.Count, 2);
+    EXPECT_EQ(dttp.TypeList.size(), 2);
+    EXPECT_EQ(qobject_cast<DcDAType*>(dttp.FindType("INT16"))->value, "1");
+    EXPECT_EQ(qobject_cast<DcDOType*>(dttp.FindType("Pair"))->defname, "");
+    EXPECT_EQ(dttp.DecodeElement(xml.Root(), "Other"), 4);
+}
+
+TEST(Templates, ReaderFindsTheFirstTemplateAnywhere) {
+    XmlText xml("<a><b/><c><DcTemplate><DcDAType type=\"X\"/></DcTemplate></c>"
+                "<DcTemplate><DcDAType type=\"Y\"/></DcTemplate></a>");
+    DcDTTP* dttp = nullptr;
+    EXPECT_TRUE(FindAndRakeDTTPFromStr(xml.Document(), &dttp));
+    ASSERT_NE(dttp, nullptr);
+    EXPECT_EQ(dttp->Types.Count, 1);
+    EXPECT_EQ(dttp->Types.Strings(0), "X");
+    // A set already there is kept, and the element is skipped.
+    DcDTTP* before = dttp;
+    FindAndRakeDTTPFromStr(xml.Document(), &dttp);
+    EXPECT_EQ(dttp, before);
+    EXPECT_EQ(dttp->Types.Count, 1);
+    delete dttp;
+
+    XmlText none("<a><b/></a>");
+    dttp = nullptr;
+    EXPECT_TRUE(FindAndRakeDTTPFromStr(none.Document(), &dttp));
+    EXPECT_EQ(dttp, nullptr);
+}
+
+TEST(Templates, StructuredMemberIsDroppedWhenItsBasicTypeComesLater) {
+    XmlText xml("<DcTemplate>"
+                "<DcDOType idtype=\"0\" type=\"Early\">"
+                "<DcDA name=\"V\" type=\"INT16\"/><DcDO name=\"S\" type=\"Late\"/>"
+                "</DcDOType>"
+                "<DcDAType idtype=\"1\" type=\"INT16\" size=\"2\" unused=\"0\" value=\"0\"/>"
+                "<DcDOType idtype=\"2\" type=\"Late\">"
+                "<DcDA name=\"Written\" type=\"INT16\" svalue=\"5\" flagAbility=\"0\"/>"
+                "<DcDA name=\"Hand\" type=\"INT16\" svalue=\"7\"/>"
+                "</DcDOType>"
+                "</DcTemplate>");
+    DcDTTP* saved = pDcDTTP;
+    pDcDTTP = nullptr;
+    // The flow reads into pDcDTTP itself, so that the structured types see
+    // the basic types read before them.
+    FindAndRakeDTTPFromStr(xml.Document(), &pDcDTTP);
+    ASSERT_NE(pDcDTTP, nullptr);
+    DcDOType* early = qobject_cast<DcDOType*>(pDcDTTP->FindType("Early"));
+    ASSERT_NE(early, nullptr);
+    ASSERT_EQ(early->Members.Count, 1);
+    EXPECT_EQ(early->Members.Strings(0), "S");
+    DcDOType* late = qobject_cast<DcDOType*>(pDcDTTP->FindType("Late"));
+    ASSERT_NE(late, nullptr);
+    ASSERT_EQ(late->Members.Count, 2);
+    DcDA* written = qobject_cast<DcDA*>(ListOb(late->Members, 0));
+    DcDA* hand = qobject_cast<DcDA*>(ListOb(late->Members, 1));
+    ASSERT_TRUE(written && hand);
+    EXPECT_EQ(written->svalue, "0");
+    EXPECT_EQ(ValueOf(written), "0");
+    EXPECT_EQ(hand->svalue, "7");
+    EXPECT_EQ(ValueOf(hand), "7");
+    EXPECT_EQ(hand->Template, GetDcDAType("INT16"));
+    // Without a template set no DcDA member survives.
+    XmlText alone("<DcDOType type=\"T\"><DcDA name=\"V\" type=\"INT16\"/></DcDOType>");
+    DcDTTP* read = pDcDTTP;
+    pDcDTTP = nullptr;
+    DcDOType type;
+    EXPECT_EQ(type.DecodeElement(alone.Root()->FirstChild(), "DcDA"), 3);
+    EXPECT_EQ(type.Members.Count, 0);
+    delete read;
+    pDcDTTP = saved;
+}
+
+TEST_F(ModelTest, ValidVarStopsAtTheFirstInvalidStructure) {
+    XmlText xml("<DcTemplate>"
+                "<DcDAType type=\"INT16\"/><DcDAType type=\"INT32\"/>"
+                "<DcDOType type=\"A\"><DcDA name=\"v\" type=\"INT16\"/></DcDOType>"
+                "<DcDOType type=\"B\"><DcDA name=\"w\" type=\"INT32\"/></DcDOType>"
+                "<DcDOType type=\"C\"><DcDA name=\"x\" type=\"INT16\"/>"
+                "<DcDA name=\"y\" type=\"INT16\"/></DcDOType>"
+                "</DcTemplate>");
+    delete pDcDTTP;
+    pDcDTTP = nullptr;
+    FindAndRakeDTTPFromStr(xml.Document(), &pDcDTTP);
+    ASSERT_NE(pDcDTTP, nullptr);
+    EXPECT_TRUE(pDcDTTP->ValidVar());
+
+    // Take INT16 out of the set: A and C lose their basic type.
+    int i = pDcDTTP->Types.IndexOf("INT16");
+    DcICCPBase* int16 = ListOb(pDcDTTP->Types, i);
+    pDcDTTP->Types.Delete(i);
+    auto* a = qobject_cast<DcDOType*>(pDcDTTP->FindType("A"));
+    auto* b = qobject_cast<DcDOType*>(pDcDTTP->FindType("B"));
+    auto* c = qobject_cast<DcDOType*>(pDcDTTP->FindType("C"));
+    LogRecorder log;
+    log.Listen(a);
+    log.Listen(b);
+    log.Listen(c);
+    EXPECT_FALSE(pDcDTTP->ValidVar());
+    EXPECT_EQ(log.texts, QStringList({"error: DOType A(include DA )is absent in List"}));
+    EXPECT_EQ(a->Valid, 0);
+    EXPECT_EQ(c->Valid, 1);
+
+    // C on its own reports every member.
+    log.texts.clear();
+    EXPECT_FALSE(c->GetValid());
+    EXPECT_EQ(log.texts, QStringList({"error: DOType C(include DA )is absent in List",
+                                      "error: DOType C(include DA )is absent in List"}));
+    delete int16;
+
+    DcDTTP empty;
+    EXPECT_TRUE(empty.ValidVar());
+}
+
+TEST_F(ModelTest, StructuredTemplateReportsAnInvalidStructureMember) {
+    XmlText xml("<DcDOType type=\"Outer\">"
+                "<DcDO name=\"S\" type=\"Data_RealQ\"><DcDA name=\"x\" type=\"Nope\"/></DcDO>"
+                "</DcDOType>");
+    DcDOType outer;
+    outer.DecodeXML(xml.Root());
+    ASSERT_EQ(outer.Members.Count, 1);
+    DcDO* member = qobject_cast<DcDO*>(ListOb(outer.Members, 0));
+    ASSERT_NE(member, nullptr);
+    LogRecorder outerLog, memberLog;
+    outerLog.Listen(&outer);
+    memberLog.Listen(member);
+    EXPECT_FALSE(outer.GetValid());
+    EXPECT_EQ(outer.Valid, 0);
+    EXPECT_EQ(outerLog.texts,
+              QStringList({"error: DOType Data_RealQ(include DO )is absent in List"}));
+    EXPECT_EQ(memberLog.texts,
+              QStringList({"error: DO implementation Data_RealQ(include DA )is absent in List"}));
+    // Without a template set everything is valid.
+    DcDTTP* kept = pDcDTTP;
+    pDcDTTP = nullptr;
+    EXPECT_TRUE(outer.GetValid());
+    EXPECT_EQ(outer.Valid, 1);
+    pDcDTTP = kept;
+}
+
+TEST_F(ModelTest, GetFullContDescExpandsTheStructure) {
+    auto* type = qobject_cast<DcDOType*>(pDcDTTP->FindType("Data_RealQTimeTag"));
+    ASSERT_NE(type, nullptr);
+    myNode root("root");
+    type->GetFullContDesc(&root);
+    EXPECT_EQ(ChildNames(&root), "Q,TimeStamp");
+    myNode* q = root.FirstChild;
+    EXPECT_EQ(q->object, ListOb(type->Members, 0));
+    EXPECT_EQ(ChildNames(q), "Value,Flags");
+    EXPECT_EQ(ChildNames(q->FirstChild), "");
+    if (root.FirstChild)
+        root.FirstChild->DeleteSubTree();
+
+    // A structure of an unknown type ends the expansion at that member.
+    XmlText xml("<DcDOType type=\"T\"><DcDA name=\"a\" type=\"INT16\"/>"
+                "<DcDO name=\"s\" type=\"Unknown\"/><DcDA name=\"b\" type=\"INT16\"/>"
+                "</DcDOType>");
+    DcDOType partial;
+    partial.DecodeXML(xml.Root());
+    ASSERT_EQ(partial.Members.Count, 3);
+    myNode other("root");
+    partial.GetFullContDesc(&other);
+    EXPECT_EQ(ChildNames(&other), "a,s");
+    if (other.FirstChild)
+        other.FirstChild->DeleteSubTree();
+}
+
+TEST_F(ModelTest, SelfContainingStructureEndsExpansionAndBirth) {
+    XmlText xml("<DcDOType type=\"Loop\"><DcDA name=\"a\" type=\"INT16\"/>"
+                "<DcDO name=\"again\" type=\"Loop\"/></DcDOType>");
+    DcDOType* loop = new DcDOType(pDcDTTP);
+    loop->DecodeXML(xml.Root());
+    pDcDTTP->Types.AddObject(loop->type, loop, true);
+    pDcDTTP->TypeList.append(loop);
+
+    myNode root("root");
+    loop->GetFullContDesc(&root);
+    EXPECT_EQ(ChildNames(&root), "a,again");
+    EXPECT_EQ(ChildNames(root.FirstChild->Next), "");
+    root.FirstChild->DeleteSubTree();
+
+    DcDO structure("S", loop, nullptr);
+    ASSERT_EQ(structure.Members.Count, 2);
+    DcDO* again = qobject_cast<DcDO*>(ListOb(structure.Members, 1));
+    ASSERT_NE(again, nullptr);
+    EXPECT_EQ(again->Members.Count, 0);
+}
+
+TEST_F(ModelTest, LessThenAndSortByIdtype) {
+    DcDAType low, high;
+    low.idtype = 3;
+    high.idtype = 5;
+    DcDOType structured;
+    structured.idtype = 4;
+    DcDA other;
+    EXPECT_TRUE(lessThen(&low, &high));
+    EXPECT_FALSE(lessThen(&high, &low));
+    EXPECT_FALSE(lessThen(&low, &low));
+    EXPECT_TRUE(lessThen(&low, &structured));
+    EXPECT_FALSE(lessThen(&structured, &low));
+    EXPECT_TRUE(lessThen(&other, &low));
+    EXPECT_TRUE(lessThen(&low, &other));
+
+    pDcDTTP->sortByidtype();
+    QStringList order;
+    for (DcICCPBase* templ : pDcDTTP->TypeList)
+        order << QString::number(templ->idtype);
+    EXPECT_EQ(order.join(","), "1,2,10,11,12,13,14,15,16,17,18,19,20,21");
+    // The StringList keeps the order of reading.
+    EXPECT_EQ(pDcDTTP->Types.Strings(0), "INT16");
+}
+
+TEST(TemplateWriters, BasicTypeIgnoresTheIndentAndWritesItsTableOnly) {
+    DcDAType type;
+    type.idtype = 6;
+    type.type = "VISIBLE_STRING32";
+    type.defname = "Str";
+    type.size = 32;
+    type.unused = 0;
+    type.desc = "a \"quoted\" & text";
+    type.enums = true;
+    type.value = "Str";
+    type.senum = "x,y";
+    type.idfrm = 3;
+    type.intType = 2;
+    type.editable = false;
+    const QString expected =
+        "<DcDAType idtype=\"6\" type = \"VISIBLE_STRING32\"  defname = \"Str\" "
+        "size = \"32\" unused = \"0\" desc = \"a \"quoted\" & text\"  "
+        "enums = \"true\" value = \"Str\"  />\r\n";
+    EXPECT_EQ(type.ToXML(0), expected);
+    EXPECT_EQ(type.ToXML(7), expected);
+    type.enums = false;
+    type.unused = -1;
+    EXPECT_EQ(type.ToXML(0), "<DcDAType idtype=\"6\" type = \"VISIBLE_STRING32\"  defname = "
+                             "\"Str\" size = \"32\" unused = \"-1\" desc = \"a \"quoted\" & "
+                             "text\"  enums = \"false\" value = \"Str\"  />\r\n");
+}
+
+TEST_F(ModelTest, StructuredTypeAndTemplateSetWriters) {
+    DcDTTP dttp;
+    DcDAType* basic = new DcDAType(&dttp);
+    basic->idtype = 1;
+    basic->type = "INT16";
+    basic->defname = "I";
+    basic->size = 2;
+    basic->unused = 0;
+    basic->value = "0";
+    dttp.Types.AddObject(basic->type, basic, true);
+    DcDOType* pair = new DcDOType(&dttp);
+    pair->idtype = 3;
+    pair->type = "Pair";
+    pair->defname = "P";
+    DcDA* a = new DcDA("A", GetDcDAType("INT16"), pair);
+    a->Value->SetFromstring("7");
+    a->flagAbility = 2;
+    pair->Members.AddObject("A", a, true);
+    DcDO* s = new DcDO(pair);
+    s->name = "S";
+    s->type = "T";
+    pair->Members.AddObject("S", s, true);
+    DcICCPBase* stranger = new DcLD(pair);
+    stranger->name = "L";
+    pair->Members.AddObject("L", stranger, true);
+    dttp.Types.AddObject(pair->type, pair, true);
+
+    const QString pairText = "   <DcDOType idtype=\"3\" type = \"Pair\"  defname=\"P\" >\r\n"
+                             "    <DcDA  name = \"A\" type = \"INT16\" desc = \"\" svalue = \"7\" "
+                             "refDSRT = \"\" ByteCount=\"1\"  unused=\"0\" refDS = \"\"  "
+                             "flagAbility = \"2\" /> \r\n"
+                             "    <DcDO name = \"S\" type = \"T\" />\r\n"
+                             "   </DcDOType> \r\n";
+    EXPECT_EQ(pair->ToXML(3), pairText);
+    EXPECT_EQ(dttp.ToXML(2), "<DcTemplate>\r\n"
+                             "<DcDAType idtype=\"1\" type = \"INT16\"  defname = \"I\" size = "
+                             "\"2\" unused = \"0\" desc = \"\"  enums = \"false\" value = \"0\"  "
+                             "/>\r\n"
+                             "\r\n" +
+                                 pairText + "\r\n</DcTemplate>\r\n");
+    DcDTTP none;
+    EXPECT_EQ(none.ToXML(2), "<DcTemplate>\r\n</DcTemplate>\r\n");
+}

@@ -1,0 +1,474 @@
+// Variables: construction, full names, paths, birth from templates,
+// validation, destruction, reading and writing.
+#include <QMetaObject>
+#include <tinyxml.h>
+#include <tuple>
+#include <vector>
+
+#include "ModelFixture.h"
+#include "support/MyBuf.h"
+
+TEST_F(ModelTest, ConstructorsTakeTheTemplate) {
+    DcDA withValue("A", GetDcDAType("INT16"), nullptr);
+    EXPECT_EQ(withValue.type, "INT16");
+    EXPECT_EQ(withValue.svalue, "0");
+    EXPECT_EQ(withValue.Value->bType, 2);
+    EXPECT_EQ(withValue.ByteCount, 1);
+    EXPECT_EQ(withValue.unused, 0);
+    EXPECT_EQ(ValueOf(&withValue), "0");
+
+    DcDA noValue("T", GetDcDAType("Data_TimeStamp"), nullptr);
+    EXPECT_EQ(noValue.Template, GetDcDAType("Data_TimeStamp"));
+    EXPECT_EQ(noValue.type, "Data_TimeStamp");
+    EXPECT_EQ(noValue.svalue, "");
+    EXPECT_EQ(noValue.Value->Buf, nullptr);
+    EXPECT_EQ(noValue.ByteCount, 0);
+
+    DcDA none("N", nullptr, nullptr);
+    EXPECT_EQ(none.name, "N");
+    EXPECT_EQ(none.type, "");
+
+    DcDA bits("B", GetDcDAType("BitString12"), nullptr);
+    EXPECT_TRUE(bits.IsBitStr());
+    EXPECT_EQ(ValueOf(&bits), "110000000000");
+    EXPECT_EQ(bits.Value->Names, "a,b");
+    EXPECT_FALSE(withValue.IsBitStr());
+    EXPECT_TRUE(bits.GetEnumList().isEmpty());
+    bits.BitNames = "x,y,z";
+    EXPECT_EQ(bits.GetEnumList(), QStringList({"x", "y", "z"}));
+
+    DcDO structure("S", qobject_cast<DcDOType*>(pDcDTTP->FindType("Data_RealQ")), nullptr);
+    EXPECT_EQ(structure.type, "Data_RealQ");
+    EXPECT_EQ(structure.Members.Count, 2);
+}
+
+TEST_F(ModelTest, FullNamesUseSlashAndDollar) {
+    MakeModel();
+    DcDO* outer = AddDO(icc->Vars, icc, "Var", "Data_RealQTimeTag");
+    DcDO* q = qobject_cast<DcDO*>(ListOb(outer->Members, 0));
+    ASSERT_NE(q, nullptr);
+    EXPECT_EQ(ListOb(q->Members, 0)->GetFullName(), "ICC_1/Var$Q$Value");
+    EXPECT_EQ(q->GetFullName(), "ICC_1/Var$Q");
+    EXPECT_EQ(outer->GetFullName(), "ICC_1/Var");
+    EXPECT_EQ(outer->GetFullName2(), "VCC_1|ICC_1/Var");
+    DcDA* top = AddDA(vcc->Vars, vcc, "Top");
+    EXPECT_EQ(top->GetFullName(), "Top");
+    DcDO* vccStruct = AddDO(vcc->Vars, vcc, "S");
+    EXPECT_EQ(ListOb(vccStruct->Members, 1)->GetFullName(), "S$Flags");
+
+    // Members of a transfer set get no prefix for their owner.
+    DcTransSet* transSet = new DcTransSet("TrSet_1", false, icc);
+    icc->TransSets.AddObject(transSet->name, transSet, true);
+    ASSERT_NE(transSet->DataSetName, nullptr);
+    DcICCPBase* scope =
+        ListOb(transSet->DataSetName->Members, transSet->DataSetName->Members.IndexOf("Scope"));
+    ASSERT_NE(scope, nullptr);
+    EXPECT_EQ(scope->GetFullName(), "ICC_1/Scope");
+    EXPECT_EQ(ListOb(transSet->Members, transSet->Members.IndexOf("StartTime"))->GetFullName(),
+              "ICC_1/StartTime");
+}
+
+TEST_F(ModelTest, GetVarAndPutVarFollowPaths) {
+    MakeModel();
+    DcDO* r = AddDO(icc->Vars, icc, "R", "Data_RealQTimeTag");
+    std::string out = "unchanged";
+    EXPECT_EQ(r->GetVar("Q$Value", out), 0);
+    EXPECT_EQ(out, "-10.000000");
+    EXPECT_EQ(r->PutVar("Q$Value", "2.5"), 0);
+    EXPECT_EQ(r->GetVar("Q$Value", out), 0);
+    EXPECT_EQ(out, "2.500000");
+    out = "unchanged";
+    EXPECT_EQ(r->GetVar("Q", out), -1);
+    EXPECT_EQ(r->GetVar("Q$Value$X", out), -1);
+    EXPECT_EQ(r->GetVar("TimeStamp$X", out), -1);
+    EXPECT_EQ(r->GetVar("Nope", out), -1);
+    EXPECT_EQ(r->GetVar("", out), -1);
+    EXPECT_EQ(out, "unchanged");
+    EXPECT_EQ(r->PutVar("Q$Nope", "1"), -1);
+    EXPECT_EQ(r->PutVar("Q", "1"), -1);
+
+    EXPECT_EQ(icc->GetVar("R$Q$Flags", out), 0);
+    EXPECT_EQ(out, "00000000");
+    EXPECT_EQ(icc->PutVar("R$Q$Flags", "10000001"), 0);
+    EXPECT_EQ(r->GetVar("Q$Flags", out), 0);
+    EXPECT_EQ(out, "10000001");
+    EXPECT_EQ(icc->GetVar("Missing", out), -1);
+
+    EXPECT_TRUE(r->IsValidFName("Q$Value"));
+    EXPECT_TRUE(r->IsValidFName("TimeStamp"));
+    EXPECT_FALSE(r->IsValidFName("Q$Nope"));
+    EXPECT_FALSE(r->IsValidFName("TimeStamp$X"));
+    EXPECT_FALSE(r->IsValidFName("Nope$Value"));
+}
+
+TEST_F(ModelTest, FindDOwZeroGivesEmptyStructuresTheirMembers) {
+    MakeModel();
+    XmlText xml("<DcDO name=\"R\" type=\"Data_RealQTimeTag\"/>");
+    DcDO* r = new DcDO(vcc);
+    r->DecodeXML(xml.Root());
+    vcc->Vars.AddObject(r->name, r, true);
+    EXPECT_EQ(r->Members.Count, 0);
+    FindDOwZero(r);
+    ASSERT_EQ(r->Members.Count, 2);
+    EXPECT_EQ(r->Template, pDcDTTP->FindType("Data_RealQTimeTag"));
+    DcDO* q = qobject_cast<DcDO*>(ListOb(r->Members, 0));
+    ASSERT_NE(q, nullptr);
+    EXPECT_FALSE(q->Top);
+    EXPECT_TRUE(r->Top);
+    EXPECT_EQ(q->Members.Count, 2);
+    DcDA* value = qobject_cast<DcDA*>(ListOb(q->Members, 0));
+    ASSERT_NE(value, nullptr);
+    EXPECT_EQ(value->Template, GetDcDAType("Data_Real"));
+    EXPECT_EQ(ValueOf(value), "-10.000000");
+    // The member owns a copy of the prototype's value.
+    EXPECT_NE(value->Value->Buf, nullptr);
+    value->Value->SetFromstring("1");
+    auto* proto = qobject_cast<DcDA*>(
+        ListOb(qobject_cast<DcDOType*>(pDcDTTP->FindType("Data_RealQ"))->Members, 0));
+    EXPECT_EQ(ValueOf(proto), "-10.000000");
+
+    // A structure with members is not born again, its empty members are.
+    DcDO* mixed = new DcDO(vcc);
+    mixed->name = "M";
+    DcDA* only = new DcDA("Only", GetDcDAType("INT16"), mixed);
+    mixed->Members.AddObject("Only", only, true);
+    DcDO* empty = new DcDO(mixed);
+    empty->name = "E";
+    empty->type = "Data_RealQ";
+    mixed->Members.AddObject("E", empty, true);
+    DcDO* unknown = new DcDO(mixed);
+    unknown->name = "U";
+    unknown->type = "Unknown";
+    mixed->Members.AddObject("U", unknown, true);
+    vcc->Vars.AddObject("M", mixed, true);
+    FindDOwZero(mixed);
+    FindDOwZero(r);
+    FindDOwZero(nullptr);
+    EXPECT_EQ(mixed->Members.Count, 3);
+    EXPECT_EQ(empty->Members.Count, 2);
+    EXPECT_EQ(unknown->Members.Count, 0);
+    EXPECT_EQ(r->Members.Count, 2);
+}
+
+TEST_F(ModelTest, CreateDcDAFindsOrMakesAMember) {
+    DcDO structure;
+    EXPECT_EQ(structure.CreateDcDA("INT16", "A", "5"), 0);
+    EXPECT_EQ(structure.CreateDcDA("INT16", "B", "6"), 1);
+    std::string out;
+    EXPECT_EQ(structure.GetVar("A", out), 0);
+    EXPECT_EQ(out, "5");
+    EXPECT_EQ(structure.CreateDcDA("INT16", "A", "9"), 0);
+    EXPECT_EQ(structure.Members.Count, 2);
+    structure.GetVar("A", out);
+    EXPECT_EQ(out, "9");
+    EXPECT_EQ(structure.CreateDcDA("Nope", "C", "1"), -1);
+    EXPECT_EQ(structure.CreateDcDA("Data_RealQ", "C", "1"), -1);
+    EXPECT_EQ(structure.Members.Count, 2);
+    // An empty text leaves a string at its default.
+    EXPECT_EQ(structure.CreateDcDA("VISIBLE_STRING32", "S", ""), 2);
+    structure.GetVar("S", out);
+    EXPECT_EQ(out, "Str");
+
+    StringList other;
+    other.AddObject("x", nullptr, true);
+    EXPECT_EQ(structure.CreateDcDA("INT16", "A", "3", &other), 1);
+    EXPECT_EQ(structure.Members.Count, 3);
+    DcDA* made = qobject_cast<DcDA*>(ListOb(other, 1));
+    ASSERT_NE(made, nullptr);
+    EXPECT_EQ(made->Owner, &structure);
+    EXPECT_EQ(ValueOf(made), "3");
+    EXPECT_EQ(structure.CreateDcDA("INT16", "A", "3", nullptr), -1);
+    delete made;
+
+    EXPECT_EQ(structure.CreateDcDO("Data_RealQ", "Q"), 3);
+    EXPECT_EQ(qobject_cast<DcDO*>(ListOb(structure.Members, 3))->Members.Count, 2);
+    EXPECT_EQ(structure.CreateDcDO("INT16", "Bad"), -1);
+    EXPECT_EQ(structure.CreateDcDO("Missing", "Bad"), -1);
+}
+
+TEST_F(ModelTest, GetValidReportsMembersWithoutTemplates) {
+    MakeModel();
+    DcDO* structure = AddDO(vcc->Vars, vcc, "S", "Data_RealQTimeTag");
+    LogRecorder log;
+    log.Listen(structure);
+    EXPECT_TRUE(structure->GetValid());
+
+    DcDA* stray = new DcDA(structure);
+    stray->name = "Stray";
+    stray->type = "Nope";
+    structure->Members.AddObject("Stray", stray, true);
+    DcDO* q = qobject_cast<DcDO*>(ListOb(structure->Members, 0));
+    DcDA* inner = new DcDA(q);
+    inner->name = "Inner";
+    inner->type = "Nope";
+    q->Members.AddObject("Inner", inner, true);
+    DcDO* unknown = new DcDO(structure);
+    unknown->name = "U";
+    unknown->type = "Unknown";
+    structure->Members.AddObject("U", unknown, true);
+    q->Template = nullptr;
+
+    EXPECT_FALSE(structure->GetValid());
+    EXPECT_EQ(log.texts,
+              QStringList({"error: DO implementation Data_RealQ(include DO )is absent in List",
+                           "error: DO implementation Data_RealQTimeTag(include DA )is absent in "
+                           "List"}));
+    EXPECT_EQ(q->Template, pDcDTTP->FindType("Data_RealQ"));
+}
+
+TEST_F(ModelTest, DestroyingVariablesWithAndWithoutNeedemit) {
+    MakeModel();
+    std::vector<std::tuple<void*, std::string, void*>> removed;
+    QObject::connect(vcc, &DcVCC::RemoveObFromDS,
+                     [&removed](void* ld, std::string fullName, void* tag) {
+                         removed.emplace_back(ld, fullName, tag);
+                     });
+    // The form connects by the signal's text.
+    EXPECT_GE(vcc->metaObject()->indexOfSignal("RemoveObFromDS(void*,std::string,void*)"), 0);
+    EXPECT_GE(vcc->metaObject()->indexOfSignal("Put2SLog(QString)"), 0);
+
+    // Without needemit the owner's list is left alone.
+    DcDA* kept = AddDA(vcc->Vars, vcc, "Kept");
+    delete kept;
+    EXPECT_EQ(vcc->Vars.IndexOf("Kept"), 0);
+    vcc->Vars.Delete(0);
+    DcDO* quiet = AddDO(icc->Vars, icc, "Quiet");
+    delete quiet;
+    EXPECT_EQ(icc->Vars.Count, 1);
+    icc->Vars.Delete(0);
+    EXPECT_TRUE(removed.empty());
+
+    needemit = true;
+    AddDA(icc->Vars, icc, "A");
+    DcDA* b = AddDA(icc->Vars, icc, "B");
+    delete b;
+    EXPECT_EQ(icc->Vars.Count, 1);
+    EXPECT_EQ(icc->Vars.Strings(0), "A");
+    EXPECT_TRUE(removed.empty());
+
+    void* tag = reinterpret_cast<void*>(0x1234);
+    DcDO* s = AddDO(icc->Vars, icc, "S");
+    s->BoundTag = tag;
+    delete s;
+    EXPECT_EQ(icc->Vars.IndexOf("S"), -1);
+    ASSERT_EQ(removed.size(), 1u);
+    EXPECT_EQ(removed[0], std::make_tuple(static_cast<void*>(icc), std::string("ICC_1/S"), tag));
+
+    removed.clear();
+    DcDO* outer = AddDO(vcc->Vars, vcc, "Outer", "Data_RealQTimeTag");
+    outer->BoundTag = tag;
+    delete outer;
+    EXPECT_EQ(vcc->Vars.IndexOf("Outer"), -1);
+    ASSERT_EQ(removed.size(), 2u);
+    EXPECT_EQ(removed[0], std::make_tuple(static_cast<void*>(nullptr), std::string("Outer$Q"),
+                                          static_cast<void*>(nullptr)));
+    EXPECT_EQ(removed[1], std::make_tuple(static_cast<void*>(nullptr), std::string("Outer"), tag));
+
+    // A duplicate name: the entry of the deleted object goes, the other stays.
+    DcDA* first = AddDA(vcc->Vars, vcc, "Twin");
+    DcDA* second = AddDA(vcc->Vars, vcc, "Twin");
+    delete second;
+    ASSERT_EQ(vcc->Vars.IndexOf("Twin"), 0);
+    EXPECT_EQ(vcc->Vars.Objects(0), first);
+    needemit = false;
+}
+
+TEST_F(ModelTest, AnyOtherAttributeOfADcDAGoesToSvalue) {
+    MakeModel();
+    XmlText attrs("<DcDA name = \"A\" svalue = \"5\" ByteCount=\"4\"/>");
+    DcDA a(vcc);
+    a.DecodeXML(attrs.Root());
+    EXPECT_EQ(a.svalue, "4");
+    EXPECT_EQ(a.flagAbility, 4);
+    EXPECT_EQ(a.ByteCount, 0);
+
+    // What the writer wrote reads back with the text of flagAbility.
+    DcDA written("W", GetDcDAType("INT16"), vcc);
+    written.Value->SetFromstring("123");
+    written.refDSRT = "DS_1,0;";
+    written.refDS = "DS_1;";
+    written.desc = "d";
+    XmlText zero(written.ToXML(0).toUtf8().constData());
+    ASSERT_NE(zero.Root(), nullptr);
+    vcc->DecodeElement(zero.Root(), "DcDA");
+    DcDA* back = qobject_cast<DcDA*>(ListOb(vcc->Vars, 0));
+    ASSERT_NE(back, nullptr);
+    EXPECT_EQ(back->svalue, "0");
+    EXPECT_EQ(ValueOf(back), "0");
+    EXPECT_EQ(back->refDS, "DS_1;");
+    EXPECT_EQ(back->refDSRT, "");
+    EXPECT_EQ(back->desc, "d");
+    EXPECT_EQ(back->ByteCount, 2);
+
+    written.flagAbility = 7;
+    XmlText seven(written.ToXML(0).toUtf8().constData());
+    DcDA again(vcc);
+    again.DecodeXML(seven.Root());
+    EXPECT_EQ(again.svalue, "7");
+    EXPECT_EQ(again.flagAbility, 7);
+
+    // A hand-written element without those attributes keeps its svalue.
+    XmlText hand("<DcDA name = \"Supported_Features\" type = \"BitString12\" "
+                 "svalue = \"110000000000\" />");
+    vcc->DecodeElement(hand.Root(), "DcDA");
+    DcDA* features = qobject_cast<DcDA*>(ListOb(vcc->Vars, 1));
+    ASSERT_NE(features, nullptr);
+    EXPECT_EQ(features->svalue, "110000000000");
+    EXPECT_EQ(ValueOf(features), "110000000000");
+    EXPECT_EQ(features->ByteCount, 2);
+    EXPECT_EQ(features->unused, 4);
+}
+
+TEST_F(ModelTest, TypeAttributeOfADcDA) {
+    DcDA da;
+    LogRecorder log;
+    log.Listen(&da);
+    EXPECT_TRUE(da.SetAttFromStr("type", "Unknown"));
+    EXPECT_EQ(da.type, "Unknown");
+    EXPECT_EQ(da.Template, nullptr);
+    EXPECT_FALSE(da.SetAttFromStr("type", "Data_RealQ"));
+    EXPECT_EQ(da.Template, nullptr);
+    EXPECT_EQ(log.texts, QStringList({"error: Problem with DcDAType"}));
+    EXPECT_TRUE(da.SetAttFromStr("type", "INT32"));
+    EXPECT_EQ(da.Template, GetDcDAType("INT32"));
+
+    DcDO dobject;
+    EXPECT_TRUE(dobject.SetAttFromStr("refDS", "X;"));
+    EXPECT_EQ(dobject.refDS, "X;");
+    EXPECT_FALSE(dobject.SetAttFromStr("svalue", "1"));
+    EXPECT_FALSE(dobject.SetAttFromStr("refDSRT", "1"));
+}
+
+TEST_F(ModelTest, StructureReaderMarksAndValuesItsMembers) {
+    XmlText xml("<DcDO name=\"S\" type=\"T\" desc=\"d\" refDS=\"R;\" refDSRT=\"x\">"
+                "<DcDA name=\"A\" type=\"INT16\" svalue=\"3\"/>"
+                "<DcDO name=\"Inner\" type=\"Data_RealQ\"><DcDA name=\"B\" type=\"INT32\"/></DcDO>"
+                "<Other/></DcDO>");
+    DcDO s;
+    s.DecodeXML(xml.Root());
+    EXPECT_EQ(s.name, "S");
+    EXPECT_EQ(s.desc, "d");
+    EXPECT_EQ(s.refDS, "R;");
+    EXPECT_EQ(s.refDSRT, "");
+    ASSERT_EQ(s.Members.Count, 2);
+    DcDA* a = qobject_cast<DcDA*>(ListOb(s.Members, 0));
+    ASSERT_NE(a, nullptr);
+    EXPECT_EQ(ValueOf(a), "3");
+    EXPECT_TRUE(a->CanC);
+    EXPECT_FALSE(a->CanA);
+    DcDO* inner = qobject_cast<DcDO*>(ListOb(s.Members, 1));
+    ASSERT_NE(inner, nullptr);
+    EXPECT_FALSE(inner->CanA);
+    EXPECT_EQ(inner->Members.Count, 1);
+    EXPECT_EQ(ValueOf(qobject_cast<DcDA*>(ListOb(inner->Members, 0))), "0");
+}
+
+TEST_F(ModelTest, VariableWritersByteForByte) {
+    MakeModel();
+    DcDA* da = AddDA(icc->Vars, icc, "Var_1");
+    da->desc = "a \"quoted\" & <text>";
+    da->Value->SetFromstring("-1");
+    da->refDSRT = "ICC_1/DS_1,0;";
+    da->refDS = "ICC_1/DS_1;";
+    da->ByteCount = 2;
+    da->flagAbility = 3;
+    EXPECT_EQ(da->ToXML(4),
+              "    <DcDA  name = \"Var_1\" type = \"INT16\" desc = \"a \"quoted\" & <text>\" "
+              "svalue = \"65535\" refDSRT = \"ICC_1/DS_1,0;\" ByteCount=\"2\"  unused=\"0\" "
+              "refDS = \"ICC_1/DS_1;\"  flagAbility = \"3\" /> \r\n");
+    EXPECT_EQ(da->svalue, "65535");
+
+    // Without bytes in the value the text stays as it is.
+    DcDA bare(icc);
+    bare.name = "B";
+    bare.svalue = "kept";
+    bare.unused = -2;
+    EXPECT_EQ(bare.ToXML(0), "<DcDA  name = \"B\" type = \"\" desc = \"\" svalue = \"kept\" "
+                             "refDSRT = \"\" ByteCount=\"0\"  unused=\"-2\" refDS = \"\"  "
+                             "flagAbility = \"0\" /> \r\n");
+
+    DcDO* s = new DcDO(vcc);
+    s->name = "S";
+    s->type = "T";
+    s->desc = "sd";
+    s->refDSRT = "rt";
+    s->refDS = "R;";
+    vcc->Vars.AddObject("S", s, true);
+    DcDA* m = new DcDA(s);
+    m->name = "M";
+    m->type = "X";
+    m->svalue = "1";
+    s->Members.AddObject("M", m, true);
+    DcDO* inner = new DcDO(s);
+    inner->name = "I";
+    s->Members.AddObject("I", inner, true);
+    EXPECT_EQ(s->ToXML(2),
+              "  <DcDO  name = \"S\" type = \"T\" desc = \"sd\" refDSRT = \"rt\" refDS = \"R;\" "
+              ">\r\n"
+              "    <DcDA  name = \"M\" type = \"X\" desc = \"\" svalue = \"1\" refDSRT = \"\" "
+              "ByteCount=\"0\"  unused=\"0\" refDS = \"\"  flagAbility = \"0\" /> \r\n"
+              "    <DcDO  name = \"I\" type = \"\" desc = \"\" refDSRT = \"\" refDS = \"\" >\r\n"
+              "    </DcDO> \r\n"
+              "  </DcDO> \r\n");
+
+    // CSV: members stand at the structure's indent, the owner is named.
+    m->desc = "md";
+    EXPECT_EQ(da->ToCSV(3), ";;;Var_1;INT16;ICC_1;a \"quoted\" & <text>\r\n");
+    EXPECT_EQ(s->ToCSV(2), ";;S;T;VCC_1;sd\r\n"
+                           ";;M;X;S;md\r\n"
+                           ";;I;;S;\r\n");
+    DcDA lone;
+    lone.name = "L";
+    EXPECT_EQ(lone.ToCSV(0), "L;;;\r\n");
+}
+
+TEST_F(ModelTest, SetbTypeListTypesEveryLeaf) {
+    MakeModel();
+    DcDA* a = AddDA(vcc->Vars, vcc, "A", "INT32");
+    DcDO* s = AddDO(vcc->Vars, vcc, "S");
+    DcDA* value = qobject_cast<DcDA*>(ListOb(s->Members, 0));
+    a->Value->bType = -1;
+    value->Value->bType = -1;
+    SetbTypeList(&vcc->Vars);
+    EXPECT_EQ(a->Value->bType, 3);
+    EXPECT_EQ(value->Value->bType, 8);
+    SetbTypeList(nullptr);
+}
+
+TEST_F(ModelTest, SetDescListCopiesDescriptionsOfLeaves) {
+    DcDO s("S", qobject_cast<DcDOType*>(pDcDTTP->FindType("Data_RealQTimeTag")), nullptr);
+    const DescDA table[] = {{0, "TimeStamp", "time"}, {1, "Q", "not a leaf"}, {2, "Gone", "x"}};
+    s.SetDescList(table, 3);
+    EXPECT_EQ(ListOb(s.Members, 1)->desc, "time");
+    EXPECT_EQ(ListOb(s.Members, 0)->desc, "");
+    s.SetDescList(nullptr, 3);
+}
+
+TEST_F(ModelTest, RunTimeReferencesSetTheBitsOfDataSets) {
+    MakeModel();
+    DcDataSet* vccSet = new DcDataSet("DS", vcc);
+    vcc->DataSets.AddObject("DS", vccSet, true);
+    DcDataSet* iccSet = new DcDataSet("DS2", icc);
+    icc->DataSets.AddObject("DS2", iccSet, true);
+    vccSet->RtBits = new qolBitSet(8);
+    iccSet->RtBits = new qolBitSet(8);
+
+    DcDA da(vcc);
+    da.ParseRefRT("");
+    da.ParseRefRT("DS,2;ICC_1/DS2,1;Nope,3;ICC_9/DS2,5;ICC_1/Nope,6;");
+    EXPECT_EQ(vccSet->RtBits->BufToStr(), "00100000");
+    EXPECT_EQ(iccSet->RtBits->BufToStr(), "01000000");
+    // The walk ends at an empty entry.
+    da.ParseRefRT(";DS,5;");
+    EXPECT_EQ(vccSet->RtBits->BufToStr(), "00100000");
+
+    da.refDSRT = "DS,3;ICC_1/DS2,4;ICC_1/DS2;";
+    SetBitDatSet(&da);
+    EXPECT_EQ(vccSet->RtBits->BufToStr(), "00100000");
+    EXPECT_EQ(iccSet->RtBits->BufToStr(), "01001000");
+    DcDA outside;
+    outside.refDSRT = "ICC_1/DS2,7;";
+    SetBitDatSet(&outside);
+    SetBitDatSet(nullptr);
+    EXPECT_EQ(iccSet->RtBits->BufToStr(), "01001000");
+}

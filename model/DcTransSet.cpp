@@ -143,8 +143,13 @@ DcDO* DcTransSet::EnsureDataSetName(QObject* parent) {
 }
 
 void DcTransSet::MoveToDataSetName(int i) {
-    // The set stays the member's Owner while DataSetName lists it.
-    EnsureDataSetName(this)->Members.AddObject(Members.Strings(i), Members.Objects(i), true);
+    // The set stays the member's Owner while DataSetName lists it. A
+    // DataSetName read under a part's name stays where it is: it can't list
+    // itself.
+    DcDO* dataSetName = EnsureDataSetName(this);
+    if (Members.Objects(i) == dataSetName)
+        return;
+    dataSetName->Members.AddObject(Members.Strings(i), Members.Objects(i), true);
     Members.Delete(i);
 }
 

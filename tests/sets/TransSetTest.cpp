@@ -463,3 +463,15 @@ TEST_F(TransSetTest, NextTransferSetTakesTheLastFreeTransferSet) {
     EXPECT_FALSE(lone.FindFreeTS());
     EXPECT_EQ(lone.CurName, "");
 }
+
+TEST_F(TransSetTest, AStructureReadUnderAPartsNameIsNotListedByItself) {
+    DcTransSet* set = ReadTransSet(icc, "<DcTransSet name=\"TrSet_1\">"
+                                        "<DcDO name=\"Scope\" type=\"\"/></DcTransSet>");
+    DcDO* read = set->DataSetName;
+    ASSERT_EQ(read, Member(set, "Scope"));
+    set->InitVar();
+    EXPECT_EQ(set->DataSetName, read);
+    EXPECT_EQ(FindIdObjByPtr(read, &read->Members), -1);
+    EXPECT_EQ(Member(set, "Scope"), read);
+    EXPECT_EQ(Texts(read->Members), "DomainName,Name");
+}

@@ -1,29 +1,6 @@
 #include "SetsFixture.h"
 
-#include <tinyxml.h>
-
 #include "model/DcBaseTypes.h"
-
-const char* const kSetTypes =
-    "<DcTemplate>"
-    "<DcDAType idtype=\"0\" type=\"VISIBLE_STRING32\" size=\"32\" unused=\"0\" value=\"Str\"/>"
-    "<DcDAType idtype=\"1\" type=\"UINT8\" size=\"1\" unused=\"0\" value=\"0\"/>"
-    "<DcDAType idtype=\"2\" type=\"INT8\" size=\"1\" unused=\"0\" value=\"0\"/>"
-    "<DcDAType idtype=\"3\" type=\"INT16\" size=\"2\" unused=\"0\" value=\"0\"/>"
-    "<DcDAType idtype=\"4\" type=\"INT32\" size=\"4\" unused=\"0\" value=\"0\"/>"
-    "<DcDAType idtype=\"5\" type=\"BOOL\" size=\"1\" unused=\"0\" value=\"false\"/>"
-    "<DcDAType idtype=\"6\" type=\"BitString\" size=\"1\" unused=\"4\" value=\"00000000\"/>"
-    "<DcDAType idtype=\"7\" type=\"BitString5\" size=\"1\" unused=\"3\" value=\"00100000\"/>"
-    "</DcTemplate>";
-
-const char* const kTypesWithoutBitString5 =
-    "<DcTemplate>"
-    "<DcDAType idtype=\"0\" type=\"VISIBLE_STRING32\" size=\"32\" unused=\"0\" value=\"Str\"/>"
-    "<DcDAType idtype=\"1\" type=\"UINT8\" size=\"1\" unused=\"0\" value=\"0\"/>"
-    "<DcDAType idtype=\"3\" type=\"INT16\" size=\"2\" unused=\"0\" value=\"0\"/>"
-    "<DcDAType idtype=\"4\" type=\"INT32\" size=\"4\" unused=\"0\" value=\"0\"/>"
-    "<DcDAType idtype=\"5\" type=\"BOOL\" size=\"1\" unused=\"0\" value=\"false\"/>"
-    "</DcTemplate>";
 
 namespace {
 
@@ -31,7 +8,6 @@ namespace {
 class TypeTablesEnvironment : public ::testing::Environment {
 public:
     void SetUp() override {
-        FillCompareType();
         SortDATypes();
         SecTypesAToUp();
         SortSecondaryTypes();
@@ -42,22 +18,39 @@ const auto* const typeTables = ::testing::AddGlobalTestEnvironment(new TypeTable
 
 } // namespace
 
-DcDTTP* ReadTypes(const char* xml) {
-    TiXmlDocument doc;
-    doc.Parse(xml);
+std::string SetTypes(bool withBitString5) {
+    const char* const rows[][4] = {{"VISIBLE_STRING32", "32", "0", "Str"},
+                                   {"UINT8", "1", "0", "0"},
+                                   {"INT8", "1", "0", "0"},
+                                   {"INT16", "2", "0", "0"},
+                                   {"INT32", "4", "0", "0"},
+                                   {"BOOL", "1", "0", "false"},
+                                   {"BitString", "1", "4", "00000000"},
+                                   {"BitString5", "1", "3", "00100000"}};
+    std::string xml = "<DcTemplate>";
+    for (const auto& r : rows)
+        if (withBitString5 || std::string(r[0]) != "BitString5")
+            xml += std::string("<DcDAType type=\"") + r[0] + "\" size=\"" + r[1] + "\" unused=\"" +
+                   r[2] + "\" value=\"" + r[3] + "\"/>";
+    return xml + "</DcTemplate>";
+}
+
+DcDTTP* ReadTypes(const std::string& xml) {
+    XmlText text(xml.c_str());
     DcDTTP* types = nullptr;
-    FindAndRakeDTTPFromStr(&doc, &types);
+    FindAndRakeDTTPFromStr(text.Document(), &types);
     return types;
 }
 
 void SetsTest::SetUp() {
     needemit = false;
-    pDcDTTP = ReadTypes(kSetTypes);
-    ASSERT_NE(pDcDTTP, nullptr);
+    pDcDTTP = ReadTypes(SetTypes());
     vcc = new DcVCC();
     vcc->name = "VCC_1";
     pVCC = vcc;
-    icc = AddICC("ICC_1");
+    icc = new DcLD(vcc);
+    icc->name = "ICC_1";
+    vcc->ICCs.AddObject(icc->name, icc, true);
 }
 
 void SetsTest::TearDown() {
@@ -68,18 +61,10 @@ void SetsTest::TearDown() {
     pDcDTTP = nullptr;
 }
 
-DcDA* SetsTest::AddVar(StringList& vars, QObject* owner, const std::string& name,
-                       const std::string& type) {
-    DcDA* variable = new DcDA(name, GetDcDAType(type), owner);
+DcDA* SetsTest::AddVar(StringList& vars, QObject* owner, const std::string& name) {
+    DcDA* variable = new DcDA(name, GetDcDAType("INT16"), owner);
     vars.AddObject(name, variable, true);
     return variable;
-}
-
-DcLD* SetsTest::AddICC(const std::string& name) {
-    DcLD* ld = new DcLD(vcc);
-    ld->name = name;
-    vcc->ICCs.AddObject(name, ld, true);
-    return ld;
 }
 
 DcDataSet* SetsTest::AddDataSet(StringList& sets, QObject* owner, const std::string& name) {
@@ -88,9 +73,9 @@ DcDataSet* SetsTest::AddDataSet(StringList& sets, QObject* owner, const std::str
     return set;
 }
 
-DcTransSet* SetsTest::AddTransSet(DcLD* ld, const std::string& name) {
-    DcTransSet* set = new DcTransSet(name, false, ld);
-    ld->TransSets.AddObject(name, set, true);
+DcTransSet* SetsTest::AddTransSet(const std::string& name) {
+    DcTransSet* set = new DcTransSet(name, false, icc);
+    icc->TransSets.AddObject(name, set, true);
     return set;
 }
 

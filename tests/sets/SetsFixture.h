@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 #include <string>
+#include <tinyxml.h>
 
 #include "model/DcDA.h"
 #include "model/DcDO.h"
@@ -14,31 +15,33 @@
 #include "model/DcTransSet.h"
 #include "model/DcVCC.h"
 
-// The basic types of data sets and transfer sets, as DcTemplate text.
-extern const char* const kSetTypes;
-// The same without "BitString5".
-extern const char* const kTypesWithoutBitString5;
+// The basic types of data sets and transfer sets as DcTemplate text, with
+// "BitString5" or without it.
+std::string SetTypes(bool withBitString5 = true);
+DcDTTP* ReadTypes(const std::string& xml);
 
-// Reads the DcTemplate element of xml into a new template set.
-DcDTTP* ReadTypes(const char* xml);
+// A parsed document that lives as long as the object.
+struct XmlText {
+    explicit XmlText(const char* xml) { doc.Parse(xml); }
+    TiXmlElement* Root() { return doc.RootElement(); }
+    TiXmlNode* Document() { return &doc; }
+    TiXmlDocument doc;
+};
 
 class SetsTest : public ::testing::Test {
 protected:
     void SetUp() override;
     void TearDown() override;
 
-    // A variable of that type added to vars with owner as its owner.
-    DcDA* AddVar(StringList& vars, QObject* owner, const std::string& name,
-                 const std::string& type = "INT16");
-    DcLD* AddICC(const std::string& name);
+    DcDA* AddVar(StringList& vars, QObject* owner, const std::string& name);
     DcDataSet* AddDataSet(StringList& sets, QObject* owner, const std::string& name);
-    DcTransSet* AddTransSet(DcLD* ld, const std::string& name);
+    DcTransSet* AddTransSet(const std::string& name);
 
     DcVCC* vcc = nullptr;
     DcLD* icc = nullptr;
 };
 
-// The value of a member of a structure by path, empty when the path fails.
+// The value of a member by path, empty when the path fails.
 std::string Var(DcDO* object, const std::string& path);
 // The entry texts of a list, joined with ",".
 std::string Texts(const StringList& list);

@@ -7,16 +7,38 @@
 
 namespace {
 
-// The bytes of a text value: at most `length` of them, cut at the first zero.
-QByteArray TextBytes(const cfgParamValue& value) {
-    if (!value.text || value.length <= 0)
-        return QByteArray();
-    return QByteArray(value.text, int(qstrnlen(value.text, uint(value.length))));
+// How one renderer writes each type: the digits of a double, the decoding
+// of a text, and the texts for no type and for an unknown one.
+struct Rendering {
+    int precision;
+    QString (*decode)(const QByteArray&);
+    const char* undefined;
+    const char* unknown;
+};
+
+QString Render(const cfgParamValue& value, const Rendering& r) {
+    switch (value.type) {
+    case cptUndef:
+        return r.undefined;
+    case cptBool:
+        return value.boolValue ? "true" : "false";
+    case cptInt:
+        return QString::number(value.intValue);
+    case cptDouble:
+        return QString::number(value.doubleValue, 'g', r.precision);
+    case cptText:
+        // At most `length` bytes, cut at the first zero.
+        if (!value.text || value.length <= 0)
+            return QString();
+        return r.decode(QByteArray(value.text, int(qstrnlen(value.text, uint(value.length)))));
+    default:
+        return r.unknown;
+    }
 }
 
-QString BoolText(const cfgParamValue& value) {
-    return value.boolValue ? "true" : "false";
-}
+const Rendering diagnostic = {6, QString::fromLatin1, "Undef", ""};
+const Rendering display = {5, QString::fromUtf8, "Unknow", "Unknow"};
+const Rendering property = {6, QString::fromLocal8Bit, "Unknow Type", "Unknow Type"};
 
 // A zeroed copy of the bytes with room for a terminating zero, handed to
 // `send` as a text value with that zero counted in the length.
@@ -90,18 +112,7 @@ QString GetPropStrVal(void* ob, const QString& name) {
     cfgParamValue value = {};
     if (!cfgPropGet(ob, name.toUtf8().constData(), &value))
         return " ";
-    switch (value.type) {
-    case cptBool:
-        return BoolText(value);
-    case cptInt:
-        return QString::number(value.intValue);
-    case cptDouble:
-        return QString::number(value.doubleValue, 'g', 6);
-    case cptText:
-        return QString::fromLocal8Bit(TextBytes(value));
-    default:
-        return "Unknow Type";
-    }
+    return Render(value, property);
 }
 
 bool GetPropBool(void* ob, const QString& name, bool& out) {
@@ -143,35 +154,11 @@ int SetQByteArrToObProb(void* ob, const char* name, const QByteArray& in) {
 }
 
 QString GetParamValAsStr(const cfgParamValue& value) {
-    switch (value.type) {
-    case cptUndef:
-        return "Undef";
-    case cptBool:
-        return BoolText(value);
-    case cptInt:
-        return QString::number(value.intValue);
-    case cptDouble:
-        return QString::number(value.doubleValue, 'g', 6);
-    case cptText:
-        return QString::fromLatin1(TextBytes(value));
-    default:
-        return QString();
-    }
+    return Render(value, diagnostic);
 }
 
 QString cfgParamValueToQString(const cfgParamValue& value) {
-    switch (value.type) {
-    case cptBool:
-        return BoolText(value);
-    case cptInt:
-        return QString::number(value.intValue);
-    case cptDouble:
-        return QString::number(value.doubleValue, 'g', 5);
-    case cptText:
-        return QString::fromUtf8(TextBytes(value));
-    default:
-        return "Unknow";
-    }
+    return Render(value, display);
 }
 
 QString GetTagListInfo(void* ob) {

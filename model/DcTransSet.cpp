@@ -176,18 +176,41 @@ void DcTransSet::InitVar() {
     Status = false;
 }
 
-bool DcTransSet::SetAttFromStr(const std::string& attribute, const std::string& value) {
-    // The three parts of the data set's name are made on the set and then
-    // listed by DataSetName.
-    auto dataSetPart = [&](const char* type) {
-        int i = CreateDcDA(type, attribute, value);
-        if (i < 0)
-            return false;
-        MoveToDataSetName(i);
-        return true;
-    };
-    auto member = [&](const char* type) { return CreateDcDA(type, attribute, value) >= 0; };
+namespace {
 
+// An attribute of the attribute form: the member it makes and the field that
+// mirrors it (exactly one of the four field pointers is set). The parts of
+// the data set's name are made on the set and then listed by DataSetName.
+struct tTransAttribute {
+    const char* attribute;
+    const char* type;
+    int32_t DcTransSet::*number;
+    int16_t DcTransSet::*shortNumber;
+    bool DcTransSet::*flag;
+    std::string DcTransSet::*text;
+    bool dataSetPart;
+};
+
+const tTransAttribute TransAttributes[] = {
+    {"Scope", "UINT8", nullptr, &DcTransSet::DSScope, nullptr, nullptr, true},
+    {"DomainName", "VISIBLE_STRING32", nullptr, nullptr, nullptr, &DcTransSet::DSDomain, true},
+    {"Name", "VISIBLE_STRING32", nullptr, nullptr, nullptr, &DcTransSet::DSName, true},
+    {"StartTime", "INT32", &DcTransSet::StartTime, nullptr, nullptr, nullptr, false},
+    {"Interval", "INT16", nullptr, &DcTransSet::Interval, nullptr, nullptr, false},
+    {"TLE", "INT16", nullptr, &DcTransSet::TLE, nullptr, nullptr, false},
+    {"BufferTime", "INT16", nullptr, &DcTransSet::BufferTime, nullptr, nullptr, false},
+    {"IntegrityCheck", "INT16", nullptr, &DcTransSet::IntegrityCheck, nullptr, nullptr, false},
+    {"DSConditionRequested", "BitString5", nullptr, nullptr, nullptr, &DcTransSet::DSConditionText,
+     false},
+    {"BlockData", "BOOL", nullptr, nullptr, &DcTransSet::BlockData, nullptr, false},
+    {"Critical", "BOOL", nullptr, nullptr, &DcTransSet::Critical, nullptr, false},
+    {"RBE", "BOOL", nullptr, nullptr, &DcTransSet::RBE, nullptr, false},
+    {"Status", "BOOL", nullptr, nullptr, &DcTransSet::Status, nullptr, false},
+};
+
+} // namespace
+
+bool DcTransSet::SetAttFromStr(const std::string& attribute, const std::string& value) {
     if (attribute == "name") {
         name = value;
         return true;
@@ -200,43 +223,23 @@ bool DcTransSet::SetAttFromStr(const std::string& attribute, const std::string& 
         EnsureDataSetName(this);
         return true;
     }
-    if (attribute == "Scope") {
-        DSScope = int16_t(Str2Int(value));
-        return dataSetPart("UINT8");
-    }
-    if (attribute == "DomainName") {
-        DSDomain = value;
-        return dataSetPart("VISIBLE_STRING32");
-    }
-    if (attribute == "Name") {
-        DSName = value;
-        return dataSetPart("VISIBLE_STRING32");
-    }
-    if (attribute == "StartTime") {
-        StartTime = Str2Int(value);
-        return member("INT32");
-    }
-    int16_t* shortField = attribute == "Interval"         ? &Interval
-                          : attribute == "TLE"            ? &TLE
-                          : attribute == "BufferTime"     ? &BufferTime
-                          : attribute == "IntegrityCheck" ? &IntegrityCheck
-                                                          : nullptr;
-    if (shortField) {
-        *shortField = int16_t(Str2Int(value));
-        return member("INT16");
-    }
-    if (attribute == "DSConditionRequested") {
-        DSConditionText = value;
-        return member("BitString5");
-    }
-    bool* boolField = attribute == "BlockData"  ? &BlockData
-                      : attribute == "Critical" ? &Critical
-                      : attribute == "RBE"      ? &RBE
-                      : attribute == "Status"   ? &Status
-                                                : nullptr;
-    if (boolField) {
-        *boolField = Str2Bool(value);
-        return member("BOOL");
+    for (const tTransAttribute& a : TransAttributes) {
+        if (attribute != a.attribute)
+            continue;
+        if (a.number)
+            this->*a.number = Str2Int(value);
+        else if (a.shortNumber)
+            this->*a.shortNumber = int16_t(Str2Int(value));
+        else if (a.flag)
+            this->*a.flag = Str2Bool(value);
+        else
+            this->*a.text = value;
+        const int i = CreateDcDA(a.type, attribute, value);
+        if (i < 0)
+            return false;
+        if (a.dataSetPart)
+            MoveToDataSetName(i);
+        return true;
     }
     // Everything else, "DSConditionsRequested" of older files among it, is
     // taken for the event code.

@@ -4,6 +4,7 @@
 #include <tinyxml.h>
 
 #include "model/DcDO.h"
+#include "model/DcTransSet.h"
 
 tTabDcOb TabDcOb[] = {
     {"DcICCPBase", 0}, {"DcDAType", 1},   {"DcDA", 2},        {"DcDOType", 3},
@@ -23,7 +24,7 @@ DcVCC* pVCC = nullptr;
 DcDTTP* pDcDTTP = nullptr;
 DcDTTP* pDcDTTPnew = nullptr;
 DcTransSet* pTrans = nullptr;
-std::string TSbase;
+std::string TSbase = DefaultTransSetText();
 bool needemit = false;
 QMap<QString, int> CompareTypeTase;
 

@@ -402,6 +402,17 @@ bool CheckValidTrset(DcDO* object, int mode) {
     return (mode != 0) != (Str2Lower(status) != "false");
 }
 
+std::string DefaultTransSetText() {
+    return "<?xml version = \"1.0\" ?>\r\n"
+           "<schema xmlns = \"http://www.w3.org/2001/XMLSchema\">\r\n"
+           "<DcTransSet name = \"noname\"  Scope = \"1\"  DomainName = \"domain\" Name =\"\"  "
+           " StartTime = \"0\"  Interval=\"0\" TLE = \"0\" BufferTime=\"0\" IntegrityCheck=\"0\"  "
+           "DSConditionRequested = \"00100\"\r\n"
+           "BlockData = \"false\"   Critical= \"false\"  RBE = \"true\" Status= \"false\"  "
+           "EventCodeRequested = \"0\"   /> \r\n"
+           "</schema>";
+}
+
 // Reads the first DcTransSet element under node, in document order; true
 // once one is read.
 static bool RakeFirstTrans(TiXmlNode* node) {

@@ -83,5 +83,7 @@ private:
 // True when the data set named by object's DataSetName exists where the
 // object lies, XOR-ed with mode against the object's Status.
 bool CheckValidTrset(DcDO* object, int mode);
+// The default transfer set as a document: the text of TSbase.
+std::string DefaultTransSetText();
 // Reads the first DcTransSet element under node into pTrans.
 void RakeTrans(TiXmlNode* node);

@@ -85,12 +85,8 @@ TEST_F(TransSetTest, AttributeFormTakesDSConditionsRequestedForTheEventCode) {
     EXPECT_EQ(Var(set, "Critical"), "false");
     EXPECT_EQ(Texts(set->Members), kMembers);
 
-    XmlText tsBase("<?xml version=\"1.0\"?>\r\n<schema xmlns=\"http://www.w3.org/2001/XMLSchema\">"
-                   "\r\n<DcTransSet name = \"noname\"  Scope = \"1\"  DomainName = \"domain\" "
-                   "Name =\"\"   StartTime = \"0\"  Interval=\"0\" TLE = \"0\" BufferTime=\"0\" "
-                   "IntegrityCheck=\"0\"  DSConditionRequested = \"00100\"\r\nBlockData = "
-                   "\"false\"   Critical= \"false\"  RBE = \"true\" Status= \"false\"  "
-                   "EventCodeRequested = \"0\"   /> \r\n</schema>");
+    XmlText tsBase(TSbase.c_str());
+    ASSERT_FALSE(tsBase.doc.Error());
     RakeTrans(tsBase.Document());
     ASSERT_NE(pTrans, nullptr);
     EXPECT_EQ(pTrans->name, "noname");

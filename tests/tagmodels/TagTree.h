@@ -1,0 +1,68 @@
+// Tag trees for the tests of the tag models: a base folder with nested
+// folders and tags of one mode, and a copy of the stand-in host's table with
+// chosen slots replaced.
+#pragma once
+
+#include "common/SmallProject.h"
+#include "plugin/CfgIecArvenlib.h"
+
+#include <QModelIndex>
+#include <QString>
+#include <ostream>
+
+// Under `unit`, for the mode:
+//   base "База"
+//     s1 "Ячейка 1"
+//       s11 "Отсек"
+//         c1
+//       a1, a2
+//     s2 "Ячейка 2"
+//       b1
+//     t1, t2, t3
+// Tags have their names as captions and are made in the order t1 t2 t3 a1 a2
+// b1 c1, after the unit's earlier tags.
+struct TagTree {
+    TagTree(HostProject& host, HostObject* unit, int mode);
+
+    HostObject* base;
+    HostObject* s1;
+    HostObject* s2;
+    HostObject* s11;
+    HostObject* t1;
+    HostObject* t2;
+    HostObject* t3;
+    HostObject* a1;
+    HostObject* a2;
+    HostObject* b1;
+    HostObject* c1;
+};
+
+// The object of a model row.
+inline HostObject* RowObject(const QModelIndex& index) {
+    return static_cast<HostObject*>(index.internalPointer());
+}
+
+// The stand-in host's table with some slots replaced; it is the plug-in's
+// table while the object lives. Replacements reach the stand-in's own slots
+// through original().
+class PatchedHost {
+public:
+    PatchedHost();
+    ~PatchedHost();
+    PatchedHost(const PatchedHost&) = delete;
+    PatchedHost& operator=(const PatchedHost&) = delete;
+
+    template <typename F> void patch(int slot, F f) {
+        m_table[slot] = reinterpret_cast<TCfgSlotFn>(f);
+    }
+    template <typename F> static F original(int slot) {
+        return reinterpret_cast<F>(HostProject::table()[slot]);
+    }
+
+private:
+    TCfgSlotFn m_table[cfgSlotCount];
+};
+
+inline void PrintTo(const QString& text, std::ostream* os) {
+    *os << '"' << text.toStdString() << '"';
+}

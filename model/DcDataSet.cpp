@@ -35,10 +35,6 @@ bool IsStdFieldName(const std::string& text) {
     return false;
 }
 
-DcICCPBase* EntryObject(const StringList& list, int i) {
-    return i < 0 ? nullptr : static_cast<DcICCPBase*>(list.Objects(i));
-}
-
 // The variable an entry text names under vcc: "Var" in the VCC's Vars,
 // "ICC/Var" in the Vars of that ICC (the variable's name cut at 255 bytes).
 // iccName receives the ICC part; inIcc tells whether the text had one.
@@ -47,11 +43,11 @@ DcICCPBase* ResolveEntry(DcVCC* vcc, const std::string& text, std::string& iccNa
     inIcc = slash != std::string::npos;
     if (!inIcc) {
         iccName.clear();
-        return EntryObject(vcc->Vars, vcc->Vars.IndexOf(text));
+        return ListOb(vcc->Vars, vcc->Vars.IndexOf(text));
     }
     iccName = text.substr(0, slash);
-    DcLD* ld = static_cast<DcLD*>(EntryObject(vcc->ICCs, vcc->ICCs.IndexOf(iccName)));
-    return ld ? EntryObject(ld->Vars, ld->Vars.IndexOf(text.substr(slash + 1, 255))) : nullptr;
+    DcLD* ld = static_cast<DcLD*>(ListOb(vcc->ICCs, vcc->ICCs.IndexOf(iccName)));
+    return ld ? ListOb(ld->Vars, ld->Vars.IndexOf(text.substr(slash + 1, 255))) : nullptr;
 }
 
 } // namespace
@@ -249,7 +245,7 @@ void DcDataSet::ClearRealVar() {
 
 void DcDataSet::UpdRefObs() {
     for (int i = 0; i < Elems.Count; ++i) {
-        DcICCPBase* member = EntryObject(Elems, i);
+        DcICCPBase* member = ListOb(Elems, i);
         if (!member)
             continue;
         DcICCPBase* ld = member->IsHostObType("DcLD");
@@ -312,8 +308,8 @@ void DcDataSet::AssignSelf(DcDataSet* source) {
     if (!source)
         return;
     for (int i = 0; i < source->SelfList.Count; ++i) {
-        DcICCPBase* from = EntryObject(source->SelfList, i);
-        DcICCPBase* to = EntryObject(SelfList, i);
+        DcICCPBase* from = ListOb(source->SelfList, i);
+        DcICCPBase* to = ListOb(SelfList, i);
         if (!from || !to || from->ClassName() != "DcDA" || to->ClassName() != "DcDA")
             continue;
         AssignDA(static_cast<DcDA*>(to), static_cast<DcDA*>(from));

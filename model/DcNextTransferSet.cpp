@@ -42,7 +42,7 @@ bool DcNextTransferSet::FindFreeTS() {
         return false;
     DcLD* ld = static_cast<DcLD*>(owner);
     for (int i = ld->TransSets.Count - 1; i >= 0; --i) {
-        DcICCPBase* object = static_cast<DcICCPBase*>(ld->TransSets.Objects(i));
+        DcICCPBase* object = ListOb(ld->TransSets, i);
         if (!object || object->ClassName() != "DcTransSet")
             continue;
         DcTransSet* set = static_cast<DcTransSet*>(object);
@@ -53,8 +53,7 @@ bool DcNextTransferSet::FindFreeTS() {
         PutVar("DomainName", ld->name);
         PutVar("Name", set->name);
         CurName = set->name;
-        int r = set->Members.IndexOf("RBE");
-        DcICCPBase* rbe = r < 0 ? nullptr : static_cast<DcICCPBase*>(set->Members.Objects(r));
+        DcICCPBase* rbe = ListOb(set->Members, set->Members.IndexOf("RBE"));
         if (rbe && rbe->ClassName() == "DcDA") {
             MyBufValue* value = static_cast<DcDA*>(rbe)->Value;
             if (value && value->Buf && value->Len > 0)

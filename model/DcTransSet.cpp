@@ -86,12 +86,8 @@ const tMemberDef TransSetMembers[] = {
 const char* const DSConditionNames =
     "IntervalTimeOut,IntegrityTimeOut,ObjectChange,OperatorRequest,OtherExternalEvent";
 
-DcICCPBase* MemberAt(const StringList& list, int i) {
-    return i < 0 ? nullptr : static_cast<DcICCPBase*>(list.Objects(i));
-}
-
 DcICCPBase* MemberNamed(const StringList& list, const std::string& name) {
-    return MemberAt(list, list.IndexOf(name));
+    return ListOb(list, list.IndexOf(name));
 }
 
 bool IsDA(DcICCPBase* object) {
@@ -161,14 +157,14 @@ void DcTransSet::InitVar() {
         int i = CreateDcDA(m.type, m.name, m.value);
         if (i < 0)
             return;
-        MemberAt(Members, i)->CanA = false;
+        ListOb(Members, i)->CanA = false;
         MoveToDataSetName(i);
     }
     for (const tMemberDef& m : TransSetMembers) {
         int i = CreateDcDA(m.type, m.name, m.value);
         if (i < 0)
             return;
-        DcICCPBase* member = MemberAt(Members, i);
+        DcICCPBase* member = ListOb(Members, i);
         member->CanA = false;
         if (strcmp(m.name, "DSConditionsRequested") == 0 && IsDA(member))
             static_cast<DcDA*>(member)->BitNames = DSConditionNames;
@@ -253,7 +249,7 @@ int DcTransSet::DecodeElement(TiXmlNode* node, const std::string& elementName) {
     if (Members.Count == before)
         return 0;
     const int last = Members.Count - 1;
-    DcICCPBase* read = MemberAt(Members, last);
+    DcICCPBase* read = ListOb(Members, last);
     if (elementName == "DcDO")
         DataSetName = static_cast<DcDO*>(read);
     // A member of the same name gives way to the one read, which takes its
@@ -261,7 +257,7 @@ int DcTransSet::DecodeElement(TiXmlNode* node, const std::string& elementName) {
     const int i = Members.IndexOfAfterPos(0, read->name);
     if (i < 0 || i == last)
         return 0;
-    DcICCPBase* old = MemberAt(Members, i);
+    DcICCPBase* old = ListOb(Members, i);
     Members.Delete(last);
     Members.AddObjToString(read, i);
     if (old == DataSetName)
@@ -275,7 +271,7 @@ QString DcTransSet::ToXML(int indent) {
     QString out =
         pad + "<DcTransSet name = \"" + LocalToQ(name) + "\" desc=\"" + Utf8ToQ(desc) + "\" >\r\n";
     for (int i = 0; i < Members.Count; ++i) {
-        if (DcICCPBase* member = MemberAt(Members, i))
+        if (DcICCPBase* member = ListOb(Members, i))
             out += member->ToXML(2);
         out += "\r\n";
         if (i % 4 == 0)
@@ -289,8 +285,8 @@ void DcTransSet::AssignSelf(DcTransSet* source) {
     if (!source || source == this)
         return;
     for (int i = 0; i < source->Members.Count; ++i) {
-        DcICCPBase* from = MemberAt(source->Members, i);
-        DcICCPBase* to = MemberAt(Members, i);
+        DcICCPBase* from = ListOb(source->Members, i);
+        DcICCPBase* to = ListOb(Members, i);
         if (!from || !to)
             continue;
         if (IsDA(from)) {
@@ -303,8 +299,8 @@ void DcTransSet::AssignSelf(DcTransSet* source) {
         DcDO* fromStruct = static_cast<DcDO*>(from);
         DcDO* toStruct = static_cast<DcDO*>(to);
         for (int j = 0; j < fromStruct->Members.Count; ++j) {
-            DcICCPBase* fromMember = MemberAt(fromStruct->Members, j);
-            DcICCPBase* toMember = MemberAt(toStruct->Members, j);
+            DcICCPBase* fromMember = ListOb(fromStruct->Members, j);
+            DcICCPBase* toMember = ListOb(toStruct->Members, j);
             if (IsDA(fromMember) && IsDA(toMember))
                 AssignDA(static_cast<DcDA*>(toMember), static_cast<DcDA*>(fromMember));
         }

@@ -46,7 +46,7 @@ DcICCPBase* ResolveEntry(DcVCC* vcc, const std::string& text, std::string& iccNa
         return ListOb(vcc->Vars, vcc->Vars.IndexOf(text));
     }
     iccName = text.substr(0, slash);
-    DcLD* ld = static_cast<DcLD*>(ListOb(vcc->ICCs, vcc->ICCs.IndexOf(iccName)));
+    DcLD* ld = qobject_cast<DcLD*>(ListOb(vcc->ICCs, vcc->ICCs.IndexOf(iccName)));
     return ld ? ListOb(ld->Vars, ld->Vars.IndexOf(text.substr(slash + 1, 255))) : nullptr;
 }
 

@@ -366,7 +366,7 @@ bool DcTransSet::SetRefDS() {
         else if (owner->ClassName() == "DcVCC")
             sets = &static_cast<DcVCC*>(owner)->DataSets;
     }
-    RefDS = sets ? static_cast<DcDataSet*>(MemberNamed(*sets, text)) : nullptr;
+    RefDS = sets ? qobject_cast<DcDataSet*>(MemberNamed(*sets, text)) : nullptr;
     return RefDS != nullptr;
 }
 

@@ -157,7 +157,8 @@ void DcTransSet::InitVar() {
         int i = CreateDcDA(m.type, m.name, m.value);
         if (i < 0)
             return;
-        ListOb(Members, i)->CanA = false;
+        if (DcICCPBase* member = ListOb(Members, i))
+            member->CanA = false;
         MoveToDataSetName(i);
     }
     for (const tMemberDef& m : TransSetMembers) {
@@ -165,7 +166,8 @@ void DcTransSet::InitVar() {
         if (i < 0)
             return;
         DcICCPBase* member = ListOb(Members, i);
-        member->CanA = false;
+        if (member)
+            member->CanA = false;
         if (strcmp(m.name, "DSConditionsRequested") == 0 && IsDA(member))
             static_cast<DcDA*>(member)->BitNames = DSConditionNames;
     }

@@ -123,15 +123,22 @@ std::string DcDO::GetFullName2() {
     return (vcc ? vcc->name : std::string()) + "|" + GetFullName();
 }
 
-int GetVarInList(StringList& list, const std::string& path, std::string& out) {
+// The DcDA at the end of path in list: every step before the last names a
+// member of class "DcDO", the last one of class "DcDA".
+static DcDA* LeafAtPath(StringList& list, const std::string& path) {
     size_t p = path.find('$');
-    DcICCPBase* o = ListOb(list, list.IndexOf(p == std::string::npos ? path : path.substr(0, p)));
+    DcICCPBase* o = ListOb(list, list.IndexOf(path.substr(0, p)));
     if (!o)
-        return -1;
-    if (p != std::string::npos)
-        return o->ClassName() == "DcDO" ? static_cast<DcDO*>(o)->GetVar(path.substr(p + 1), out)
-                                        : -1;
-    DcDA* da = o->ClassName() == "DcDA" ? static_cast<DcDA*>(o) : nullptr;
+        return nullptr;
+    if (p == std::string::npos)
+        return o->ClassName() == "DcDA" ? static_cast<DcDA*>(o) : nullptr;
+    if (o->ClassName() != "DcDO")
+        return nullptr;
+    return LeafAtPath(static_cast<DcDO*>(o)->Members, path.substr(p + 1));
+}
+
+int GetVarInList(StringList& list, const std::string& path, std::string& out) {
+    DcDA* da = LeafAtPath(list, path);
     if (!da || !da->Value)
         return -1;
     out = da->Value->Tostring();
@@ -139,14 +146,7 @@ int GetVarInList(StringList& list, const std::string& path, std::string& out) {
 }
 
 int PutVarInList(StringList& list, const std::string& path, const std::string& text) {
-    size_t p = path.find('$');
-    DcICCPBase* o = ListOb(list, list.IndexOf(p == std::string::npos ? path : path.substr(0, p)));
-    if (!o)
-        return -1;
-    if (p != std::string::npos)
-        return o->ClassName() == "DcDO" ? static_cast<DcDO*>(o)->PutVar(path.substr(p + 1), text)
-                                        : -1;
-    DcDA* da = o->ClassName() == "DcDA" ? static_cast<DcDA*>(o) : nullptr;
+    DcDA* da = LeafAtPath(list, path);
     if (!da || !da->Value)
         return -1;
     da->Value->SetFromstring(text);

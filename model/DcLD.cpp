@@ -112,10 +112,8 @@ void DcLD::FillmyNode(myNode* node) {
     if (varsNode)
         AddVarNodes(Vars, varsNode, true);
     for (int i = 0; dataSetsNode && i < DataSets.Count; ++i)
-        if (DcICCPBase* dataSet = ListOb(DataSets, i)) {
-            dataSetsNode->AddChild(DataSets.Strings(i), dataSet);
-            dataSet->FillmyNode(nullptr);
-        }
+        if (DcICCPBase* dataSet = ListOb(DataSets, i))
+            dataSet->FillmyNode(dataSetsNode->AddChild(DataSets.Strings(i), dataSet));
     for (int i = 0; transNode && i < TransSets.Count; ++i)
         if (DcICCPBase* transSet = ListOb(TransSets, i)) {
             myNode* child = transNode->AddChild(TransSets.Strings(i), transSet);

@@ -5,10 +5,11 @@
 #include <limits>
 
 namespace {
-// Every live object, so that a stale or foreign handle is told apart.
+// Every live object, so that a stale or foreign handle is told apart. Never
+// freed, so that objects that outlive static destruction still find it.
 QSet<const void*>& Registry() {
-    static QSet<const void*> registry;
-    return registry;
+    static auto registry = new QSet<const void*>;
+    return *registry;
 }
 
 bool IsIntegral(int type) {

@@ -24,22 +24,13 @@ TEST_F(ModelTest, ConstructorsTakeTheTemplate) {
     EXPECT_EQ(noValue.Value->Buf, nullptr);
     EXPECT_EQ(noValue.ByteCount, 0);
 
-    DcDA none("N", nullptr, nullptr);
-    EXPECT_EQ(none.name, "N");
-    EXPECT_EQ(none.type, "");
-
     DcDA bits("B", GetDcDAType("BitString12"), nullptr);
     EXPECT_TRUE(bits.IsBitStr());
     EXPECT_EQ(ValueOf(&bits), "110000000000");
     EXPECT_EQ(bits.Value->Names, "a,b");
     EXPECT_FALSE(withValue.IsBitStr());
-    EXPECT_TRUE(bits.GetEnumList().isEmpty());
     bits.BitNames = "x,y,z";
     EXPECT_EQ(bits.GetEnumList(), QStringList({"x", "y", "z"}));
-
-    DcDO structure("S", qobject_cast<DcDOType*>(pDcDTTP->FindType("Data_RealQ")), nullptr);
-    EXPECT_EQ(structure.type, "Data_RealQ");
-    EXPECT_EQ(structure.Members.Count, 2);
 }
 
 TEST_F(ModelTest, FullNamesUseSlashAndDollar) {
@@ -333,34 +324,7 @@ TEST_F(ModelTest, TypeAttributeOfADcDA) {
     EXPECT_EQ(da.Template, GetDcDAType("INT32"));
 
     DcDO dobject;
-    EXPECT_TRUE(dobject.SetAttFromStr("refDS", "X;"));
-    EXPECT_EQ(dobject.refDS, "X;");
-    EXPECT_FALSE(dobject.SetAttFromStr("svalue", "1"));
     EXPECT_FALSE(dobject.SetAttFromStr("refDSRT", "1"));
-}
-
-TEST_F(ModelTest, StructureReaderMarksAndValuesItsMembers) {
-    XmlText xml("<DcDO name=\"S\" type=\"T\" desc=\"d\" refDS=\"R;\" refDSRT=\"x\">"
-                "<DcDA name=\"A\" type=\"INT16\" svalue=\"3\"/>"
-                "<DcDO name=\"Inner\" type=\"Data_RealQ\"><DcDA name=\"B\" type=\"INT32\"/></DcDO>"
-                "<Other/></DcDO>");
-    DcDO s;
-    s.DecodeXML(xml.Root());
-    EXPECT_EQ(s.name, "S");
-    EXPECT_EQ(s.desc, "d");
-    EXPECT_EQ(s.refDS, "R;");
-    EXPECT_EQ(s.refDSRT, "");
-    ASSERT_EQ(s.Members.Count, 2);
-    DcDA* a = qobject_cast<DcDA*>(ListOb(s.Members, 0));
-    ASSERT_NE(a, nullptr);
-    EXPECT_EQ(ValueOf(a), "3");
-    EXPECT_TRUE(a->CanC);
-    EXPECT_FALSE(a->CanA);
-    DcDO* inner = qobject_cast<DcDO*>(ListOb(s.Members, 1));
-    ASSERT_NE(inner, nullptr);
-    EXPECT_FALSE(inner->CanA);
-    EXPECT_EQ(inner->Members.Count, 1);
-    EXPECT_EQ(ValueOf(qobject_cast<DcDA*>(ListOb(inner->Members, 0))), "0");
 }
 
 TEST_F(ModelTest, VariableWritersByteForByte) {

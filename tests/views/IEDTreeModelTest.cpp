@@ -1,0 +1,276 @@
+// The IED tree model over the template: rows, texts, icons, check marks,
+// description edits, drags and the row announcements of its two edits.
+#include <QAbstractItemModelTester>
+#include <QDataStream>
+#include <QMimeData>
+#include <QSignalSpy>
+#include <memory>
+
+#include "ViewsFixture.h"
+#include "common/SmallProject.h"
+#include "host/HostObject.h"
+#include "plugin/CfgIecArvenlib.h"
+
+namespace {
+
+QStringList testerWarnings;
+
+void CollectTesterWarning(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    if (type == QtWarningMsg && QByteArray(context.category) == "qt.modeltest")
+        testerWarnings << text;
+}
+
+// The tree as a tree view asks for it: children under column 0 only.
+class Column0Tree : public IEDTreeModel {
+public:
+    using IEDTreeModel::IEDTreeModel;
+    int rowCount(const QModelIndex& parent) const override {
+        return parent.column() > 0 ? 0 : IEDTreeModel::rowCount(parent);
+    }
+    bool hasChildren(const QModelIndex& parent) const override {
+        return parent.column() <= 0 && IEDTreeModel::hasChildren(parent);
+    }
+};
+
+QStringList Keys(const StringList& list) {
+    QStringList keys;
+    for (int i = 0; i < list.Count; ++i)
+        keys << QString::fromStdString(list.Strings(i));
+    return keys;
+}
+
+void AddRows(IEDTreeModel* model, const QModelIndex& parent, const QStringList& names, void* object,
+             StringList* out = nullptr) {
+    StringList batch;
+    for (const QString& name : names)
+        batch.AddObject(name.toStdString(), new myNode(name.toStdString(), object), true);
+    model->AddVarmNode(parent, 0, &batch, out);
+}
+
+const Qt::ItemFlags kBase = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
+
+} // namespace
+
+TEST_F(TemplTreeTest, RowsFollowTheTableOfFoldersAndObjects) {
+    EXPECT_EQ(Children({}), QStringList{"VCC_1"});
+    EXPECT_EQ(Children({"VCC_1"}), (QStringList{"Наборы данных (DataSets)", "Переменные",
+                                                "Inter Control Center's (ICC)"}));
+    EXPECT_EQ(Children({"VCC_1", "Наборы данных (DataSets)"}), QStringList{"DataSet_1"});
+    EXPECT_EQ(Children(kVccVars),
+              (QStringList{"TASE2_Version", "Supported_Features", "Bilateral_Table_ID"}));
+    EXPECT_EQ(Children(kVccVars + QStringList{"TASE2_Version"}),
+              (QStringList{"MajorVersionNumber", "MinorVersionNumber"}));
+    // No row for the commands folder; the ICC's own structure has no members shown.
+    EXPECT_EQ(Children(kIcc), (QStringList{"Next_DSTransfer_Set", "Transfer_Sets",
+                                           "Наборы данных (DataSets)", "Переменные"}));
+    EXPECT_EQ(Children(kIcc + QStringList{"Next_DSTransfer_Set"}), QStringList());
+    EXPECT_EQ(Children(kIcc + QStringList{"Transfer_Sets"}), QStringList{"TrSet_1"});
+    EXPECT_EQ(Children(kIccSet), QStringList());
+    EXPECT_EQ(Children(kIccVars), (QStringList{"RealQ_1", "Bool_1", "Count_1"}));
+    EXPECT_EQ(Children(kIccVars + QStringList{"RealQ_1"}), (QStringList{"Value", "Flags"}));
+
+    const QModelIndex value = Row(kIccVars + QStringList{"RealQ_1", "Value"}, 1);
+    EXPECT_EQ(model->parent(value), Row(kIccVars + QStringList{"RealQ_1"}));
+    EXPECT_EQ(model->parent(Row(kVccVars)), Row({"VCC_1"}));
+    EXPECT_FALSE(model->parent(Row({"VCC_1"})).isValid());
+    EXPECT_FALSE(model->index(3, 0, Row({"VCC_1"})).isValid());
+    // Column 1 has the same children as column 0.
+    EXPECT_EQ(model->rowCount(Row(kIccVars, 1)), 3);
+    EXPECT_EQ(model->headerData(0, Qt::Horizontal).toString(), "Сервер ICCP");
+    EXPECT_EQ(model->headerData(1, Qt::Horizontal).toString(), "Описание переменных");
+    EXPECT_FALSE(model->headerData(2, Qt::Horizontal).isValid());
+    EXPECT_FALSE(model->headerData(0, Qt::Vertical).isValid());
+
+    IEDTreeModel empty(nullptr);
+    EXPECT_EQ(empty.rowCount(), 0);
+    EXPECT_FALSE(empty.index(0, 0).data().isValid());
+}
+
+TEST_F(TemplTreeTest, TextsObjectsIconsAndFlags) {
+    count->desc = "Счётчик импульсов";
+    icc->desc = "Центр управления";
+    EXPECT_EQ(ObjectOf(Row({"VCC_1"})), pVCC);
+    EXPECT_EQ(ObjectOf(Row(kIccVars + QStringList{"Count_1"})), count);
+    EXPECT_TRUE(Row(kIccVars).data(Qt::UserRole).isValid());
+    EXPECT_EQ(ObjectOf(Row(kIccVars)), nullptr);
+    EXPECT_FALSE(Row(kIccVars, 1).data().isValid());
+    EXPECT_EQ(Row(kIccVars + QStringList{"Count_1"}, 1).data().toString(), "Счётчик импульсов");
+    EXPECT_EQ(Row(kIcc, 1).data().toString(), "Центр управления");
+    EXPECT_FALSE(Row(kIcc, 1).data(Qt::UserRole).isValid());
+    for (int role : {0, 1, 10, 256})
+        EXPECT_FALSE(model->data(QModelIndex(), role).isValid()) << role;
+
+    EXPECT_TRUE(SameImage(Row({"VCC_1"}).data(Qt::DecorationRole), ":/VCC_10"));
+    EXPECT_TRUE(SameImage(Row(kIcc).data(Qt::DecorationRole), ":/LDico"));
+    EXPECT_TRUE(SameImage(Row(kIcc + QStringList{"Next_DSTransfer_Set"}).data(1), ":/DO_10"));
+    EXPECT_TRUE(SameImage(Row(kIccVars + QStringList{"RealQ_1", "Value"}).data(1), ":/DA_10"));
+    // Rows under folders, data sets and transfer sets have none.
+    for (const QStringList& path : {kIccVars + QStringList{"RealQ_1"}, kIccVars, kIccSet,
+                                    kIcc + QStringList{"Transfer_Sets", "TrSet_1"}})
+        EXPECT_FALSE(Row(path).data(Qt::DecorationRole).isValid()) << path.join("/").toStdString();
+
+    const QModelIndex countRow = Row(kIccVars + QStringList{"Count_1"});
+    const QModelIndex countDesc = countRow.sibling(countRow.row(), 1);
+    EXPECT_EQ(model->flags(countRow), kBase);
+    EXPECT_EQ(model->flags(countDesc), kBase | Qt::ItemIsEditable);
+    EXPECT_EQ(model->flags(Row(kIccVars, 1)), kBase);
+    count->IsTagV = true;
+    icc->IsTagV = true;
+    EXPECT_EQ(model->flags(countRow), kBase | Qt::ItemIsUserCheckable);
+    EXPECT_FALSE(countRow.data(Qt::CheckStateRole).isValid());
+    model->FlagBindTag = true;
+    EXPECT_EQ(countRow.data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+    EXPECT_FALSE(Row(kIccVars + QStringList{"RealQ_1"}).data(Qt::CheckStateRole).isValid());
+    EXPECT_FALSE(Row(kIcc).data(Qt::CheckStateRole).isValid());
+    EXPECT_FALSE(countDesc.data(Qt::CheckStateRole).isValid());
+    EXPECT_TRUE(model->flags(Row(kIcc)) & Qt::ItemIsUserCheckable);
+}
+
+TEST_F(TemplTreeTest, DescriptionEditsAndTheTagCaption) {
+    SmallProject project;
+    pGlobcfgInterface = static_cast<TCfgSlotFn*>(project.table());
+    DcICCPBase* dataSet = ListOb(icc->DataSets, 0);
+    dataSet->BoundTag = project.tagState->handle();
+    count->BoundTag = project.tagReal->handle();
+    const QVariant realCaption = project.tagReal->get("caption");
+    QSignalSpy changed(model, &QAbstractItemModel::dataChanged);
+    const QModelIndex countDesc = Row(kIccVars + QStringList{"Count_1"}, 1);
+
+    EXPECT_FALSE(model->setData(QModelIndex(), "x"));
+    EXPECT_TRUE(model->setData(Row(kIccVars + QStringList{"Count_1"}), "в колонке имени"));
+    EXPECT_TRUE(model->setData(countDesc, "x", Qt::ToolTipRole));
+    EXPECT_EQ(count->desc, "");
+    EXPECT_TRUE(model->setData(countDesc, "Счётчик"));
+    EXPECT_EQ(countDesc.data().toString(), "Счётчик");
+    EXPECT_TRUE(model->setData(countDesc, 2, Qt::CheckStateRole));
+    EXPECT_EQ(count->desc, "2");
+    EXPECT_EQ(project.tagReal->get("caption"), realCaption);
+    EXPECT_TRUE(model->setData(Row(kIccVars, 1), "папка"));
+
+    // Objects other than variables give the text to their tag as well.
+    EXPECT_TRUE(model->setData(Row(kIccSet, 1), "Набор аварийных сигналов", Qt::DisplayRole));
+    EXPECT_EQ(dataSet->desc, "Набор аварийных сигналов");
+    EXPECT_EQ(project.tagState->get("caption").toString(), "Набор аварийных сигналов");
+    EXPECT_TRUE(model->setData(Row(kIcc, 1), "ЦУ"));
+    EXPECT_EQ(icc->desc, "ЦУ");
+    EXPECT_EQ(changed.count(), 0);
+    dataSet->BoundTag = count->BoundTag = pGlobcfgInterface = nullptr;
+}
+
+TEST_F(TemplTreeTest, DragCollectsVariablesInGlobVarMem) {
+    QSignalSpy status(model, &IEDTreeModel::sigShowStat);
+    const QModelIndex real = Row(kIccVars + QStringList{"RealQ_1"});
+    std::unique_ptr<QMimeData> mime(model->mimeData(
+        {real, real.sibling(real.row(), 1), Row(kIccVars), Row(kIcc),
+         Row(kIccVars + QStringList{"Bool_1"}), Row(kVccVars + QStringList{"Bilateral_Table_ID"}),
+         Row(kIccVars + QStringList{"RealQ_1", "Value"}),
+         Row(kIcc + QStringList{"Transfer_Sets", "TrSet_1"})}));
+    EXPECT_EQ(status.value(0).value(0).toString(), "Selected Count=8");
+    EXPECT_EQ(Keys(GlobVarMem),
+              (QStringList{"ICC_1/RealQ_1", "ICC_1/Bool_1", "Bilateral_Table_ID", "ICC_1/Value"}));
+    EXPECT_EQ(GlobVarMem.Objects(1), flag);
+    QDataStream stream(mime->data("text/plain"));
+    QStringList texts;
+    for (QString text; !stream.atEnd(); texts << text)
+        stream >> text;
+    EXPECT_EQ(texts, (QStringList{"RealQ_1", "Bool_1", "Bilateral_Table_ID", "Value"}));
+
+    mime.reset(model->mimeData({Row(kIccVars), Row(kIcc)}));
+    EXPECT_EQ(GlobVarMem.Count, 0);
+    EXPECT_TRUE(mime->hasFormat("text/plain"));
+    EXPECT_TRUE(mime->data("text/plain").isEmpty());
+}
+
+TEST_F(TemplTreeTest, BatchGoesInFrontOfTheChildrenInItsOrder) {
+    QSignalSpy before(model, &QAbstractItemModel::rowsAboutToBeInserted);
+    QSignalSpy after(model, &QAbstractItemModel::rowsInserted);
+    StringList out;
+    AddRows(model, Row(kIccVars), {"New_1", "New_2"}, count, &out);
+    EXPECT_EQ(Children(kIccVars), (QStringList{"New_1", "New_2", "RealQ_1", "Bool_1", "Count_1"}));
+    ASSERT_EQ(before.count(), 1);
+    EXPECT_EQ(before[0], (QVariantList{QVariant::fromValue(Row(kIccVars)), 0, 1}));
+    EXPECT_EQ(after.count(), 1);
+    EXPECT_EQ(Keys(out), (QStringList{"New_2", "New_1"}));
+    EXPECT_EQ(out.Objects(0), count);
+
+    // Into a row without children: the last entry becomes the first child.
+    AddRows(model, Row(kIccSet), {"A", "B", "C"}, flag);
+    EXPECT_EQ(Children(kIccSet), (QStringList{"A", "B", "C"}));
+    EXPECT_EQ(before[1], (QVariantList{QVariant::fromValue(Row(kIccSet)), 0, 2}));
+    AddRows(model, Row(kIccSet), {}, flag);
+    EXPECT_EQ(before.count(), 2);
+}
+
+TEST_F(TemplTreeTest, DelFromDSRemovesMemberRowsOfDataSetsOnly) {
+    AddRows(model, Row(kVccSet), {"Count_1", "Bool_1", "Count_1"}, count);
+    AddRows(model, Row(kIccSet), {"Count_1", "Bool_1"}, count);
+    QSignalSpy removing(model, &QAbstractItemModel::rowsAboutToBeRemoved);
+    model->DelFromDS("Count_1");
+    EXPECT_EQ(Children(kIccSet), QStringList{"Bool_1"});
+    EXPECT_EQ(Children(kVccSet), QStringList{"Bool_1"});
+    EXPECT_EQ(Children(kIccVars), (QStringList{"RealQ_1", "Bool_1", "Count_1"}));
+    // The second hit in the VCC's set has moved up by one when its turn comes.
+    ASSERT_EQ(removing.count(), 3);
+    EXPECT_EQ(removing[0], (QVariantList{QVariant::fromValue(Row(kVccSet)), 0, 0}));
+    EXPECT_EQ(removing[1], (QVariantList{QVariant::fromValue(Row(kVccSet)), 1, 1}));
+    EXPECT_EQ(removing[2], (QVariantList{QVariant::fromValue(Row(kIccSet)), 0, 0}));
+    EXPECT_FALSE(Row(kIccSet + QStringList{"Bool_1"}).data(Qt::DecorationRole).isValid());
+    model->DelFromDS("Переменные");
+    EXPECT_EQ(removing.count(), 3);
+}
+
+TEST_F(TemplTreeTest, ModelTesterRejectsOnlyTheChildrenOfColumnOne) {
+    QtMessageHandler previous = qInstallMessageHandler(CollectTesterWarning);
+    testerWarnings.clear();
+    {
+        QAbstractItemModelTester tester(model,
+                                        QAbstractItemModelTester::FailureReportingMode::Warning);
+    }
+    EXPECT_EQ(testerWarnings.size(), 1);
+    EXPECT_TRUE(testerWarnings.value(0).contains("childIndex != childIndex1"));
+
+    // With column 1 childless, as a tree view sees it, the whole walk and
+    // both edits pass.
+    testerWarnings.clear();
+    Column0Tree tree(nullptr);
+    myNode* root = new myNode(pVCC->name, pVCC);
+    pVCC->FillmyNode(root);
+    tree.setRootNode(root);
+    {
+        QAbstractItemModelTester tester(&tree,
+                                        QAbstractItemModelTester::FailureReportingMode::Warning);
+        AddRows(&tree, FindRow(tree, kIccVars), {"New_1", "New_2"}, count);
+        AddRows(&tree, FindRow(tree, kIccSet), {"New_1"}, count);
+        tree.DelFromDS("New_1");
+        EXPECT_EQ(tree.rowCount(FindRow(tree, kIccVars)), 5);
+        EXPECT_EQ(tree.rowCount(FindRow(tree, kIccSet)), 0);
+    }
+    qInstallMessageHandler(previous);
+    EXPECT_EQ(testerWarnings, QStringList());
+}
+
+TEST_F(TemplTreeTest, HostAndICCLookups) {
+    myNode* value = model->nodeFromIndex(Row(kIccVars + QStringList{"RealQ_1", "Value"}));
+    EXPECT_EQ(FindHost(model, Row(kIccVars + QStringList{"RealQ_1", "Value"})), Row(kIcc));
+    EXPECT_EQ(FindHost(model, Row(kIcc)), Row(kIcc));
+    EXPECT_EQ(FindHost(model, Row(kVccVars + QStringList{"TASE2_Version"})), Row({"VCC_1"}));
+    EXPECT_FALSE(FindHost(model, QModelIndex()).isValid());
+
+    EXPECT_EQ(GetLDByNode(value), icc);
+    EXPECT_EQ(GetLDByNode(model->nodeFromIndex(Row(kIccVars))), icc);
+    EXPECT_EQ(GetLDByNode(model->nodeFromIndex(Row(kVccVars + QStringList{"TASE2_Version"}))),
+              nullptr);
+    // A folder under a folder stops at its parent.
+    EXPECT_EQ(GetLDByNode(model->nodeFromIndex(Row({"VCC_1", "Inter Control Center's (ICC)"}))),
+              nullptr);
+    EXPECT_EQ(GetLDByNode(nullptr), nullptr);
+
+    EXPECT_TRUE(IsOwn(value, "DcDO"));
+    // The walk ends at the folder "Переменные", below the ICC.
+    EXPECT_FALSE(IsOwn(value, "DcLD"));
+    EXPECT_TRUE(
+        IsOwn(model->nodeFromIndex(Row(kIcc + QStringList{"Next_DSTransfer_Set"})), "DcLD"));
+    EXPECT_FALSE(IsOwn(model->nodeFromIndex(Row(kIccVars)), "DcLD"));
+    EXPECT_TRUE(IsOwn(model->nodeFromIndex(Row(kIccSet)), "DcDataSet"));
+    EXPECT_FALSE(IsOwn(nullptr, "DcDO"));
+}

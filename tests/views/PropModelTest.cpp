@@ -1,0 +1,235 @@
+// The member tree of one object in tVprop, its read-only form for the
+// add-variable dialog, and the line editors of both model views.
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QStyleOptionViewItem>
+#include <memory>
+
+#include "ViewsFixture.h"
+#include "support/MyBuf.h"
+#include "views/PropDelegates.h"
+#include "views/PropModel.h"
+
+namespace {
+
+const Qt::ItemFlags kBase = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
+const Qt::ItemFlags kEdit = kBase | Qt::ItemIsEditable | Qt::ItemIsUserCheckable;
+
+class PropModelTest : public TemplTreeTest {
+protected:
+    // The object's node on top and its members below, as the value pane
+    // gets them; a bit string's bits as rows without an object.
+    void Show(DcICCPBase* object, StringList& members, int bitsOfFlags = 0) {
+        myNode* root = new myNode(object->name, object);
+        AddVarNodes(members, root, true);
+        for (myNode* row = root->FirstChild; row; row = row->Next)
+            for (myNode* member = row->FirstChild; member; member = member->Next)
+                for (int k = 0; member->name == "Flags" && k < bitsOfFlags; ++k)
+                    member->AddChild("h" + std::to_string(k), nullptr);
+        myNode* old = prop.rootNode;
+        prop.setRootNode(root);
+        if (old)
+            old->DeleteSubTree();
+    }
+    QModelIndex At(const QStringList& path, int column = 0) const {
+        return FindRow(prop, path, column);
+    }
+    DcTransSet* TransferSet() const { return qobject_cast<DcTransSet*>(ListOb(icc->TransSets, 0)); }
+
+    PropICCPModel prop;
+};
+
+} // namespace
+
+TEST_F(PropModelTest, RowsValuesAndEditableCells) {
+    ListOb(realQ->Members, 0)->desc = "Измерение";
+    Show(icc, icc->Vars, 2);
+    EXPECT_EQ(ChildTexts(prop, QModelIndex()), (QStringList{"RealQ_1", "Bool_1", "Count_1"}));
+    EXPECT_EQ(ChildTexts(prop, At({"RealQ_1", "Flags"})), (QStringList{"h0", "h1"}));
+    EXPECT_EQ(prop.parent(At({"RealQ_1", "Flags", "h1"}, 1)), At({"RealQ_1", "Flags"}));
+    EXPECT_FALSE(prop.parent(At({"RealQ_1"})).isValid());
+    EXPECT_EQ(prop.headerData(0, Qt::Horizontal).toString(), "Переменные");
+    EXPECT_EQ(prop.headerData(1, Qt::Horizontal).toString(), "Значения");
+
+    // The members' prototypes in the template hold the value 0.
+    EXPECT_EQ(At({"RealQ_1", "Value"}, 1).data().toString(), "0.000000");
+    EXPECT_EQ(At({"RealQ_1", "Flags"}, 1).data().toString(), "00000000");
+    EXPECT_EQ(At({"Count_1"}, 1).data().toString(), "0");
+    EXPECT_EQ(At({"RealQ_1", "Value"}).data(Qt::ToolTipRole).toString(), "Измерение");
+    EXPECT_FALSE(At({"Count_1"}).data(Qt::ToolTipRole).isValid());
+    EXPECT_EQ(ObjectOf(At({"Count_1"})), count);
+    EXPECT_TRUE(SameImage(At({"RealQ_1"}).data(Qt::DecorationRole), ":/DO_10"));
+    EXPECT_TRUE(SameImage(At({"Count_1"}).data(Qt::DecorationRole), ":/DA_10"));
+    EXPECT_FALSE(At({"RealQ_1", "Flags", "h0"}).data(Qt::DecorationRole).isValid());
+    EXPECT_FALSE(At({"RealQ_1", "Flags", "h0"}, 1).data().isValid());
+    EXPECT_FALSE(prop.data(QModelIndex()).isValid());
+
+    // Names only of the ICC's own variables; values but of bit strings,
+    // whose bits are edited instead.
+    EXPECT_EQ(prop.flags(At({"RealQ_1"})), kEdit);
+    EXPECT_EQ(prop.flags(At({"RealQ_1"}, 1)), kBase);
+    EXPECT_EQ(prop.flags(At({"Count_1"})), kEdit);
+    EXPECT_EQ(prop.flags(At({"Count_1"}, 1)), kEdit);
+    EXPECT_EQ(prop.flags(At({"RealQ_1", "Value"})), kBase);
+    EXPECT_EQ(prop.flags(At({"RealQ_1", "Value"}, 1)), kEdit);
+    EXPECT_EQ(prop.flags(At({"RealQ_1", "Flags"}, 1)), kBase);
+    EXPECT_EQ(prop.flags(At({"RealQ_1", "Flags", "h1"})), kBase);
+    EXPECT_EQ(prop.flags(At({"RealQ_1", "Flags", "h1"}, 1)), kEdit);
+
+    // A data set row is neither editable nor pictured.
+    StringList sets;
+    sets.AddObject("DataSet_1", ListOb(icc->DataSets, 0), true);
+    Show(icc, sets);
+    EXPECT_EQ(prop.flags(At({"DataSet_1"})), kBase);
+    EXPECT_EQ(prop.flags(At({"DataSet_1"}, 1)), kBase);
+    EXPECT_FALSE(At({"DataSet_1"}).data(Qt::DecorationRole).isValid());
+}
+
+TEST_F(PropModelTest, ValuesAreEditedInPlace) {
+    Show(icc, icc->Vars);
+    EXPECT_TRUE(prop.setData(At({"Count_1"}, 1), "42"));
+    EXPECT_EQ(count->svalue, "42");
+    EXPECT_EQ(At({"Count_1"}, 1).data().toString(), "42");
+    EXPECT_TRUE(prop.setData(At({"RealQ_1", "Value"}, 1), QVariant(12.5)));
+    EXPECT_EQ(At({"RealQ_1", "Value"}, 1).data().toString(), "12.500000");
+    // The name column and other roles change nothing; structures refuse.
+    EXPECT_TRUE(prop.setData(At({"Count_1"}), "43"));
+    EXPECT_TRUE(prop.setData(At({"Count_1"}, 1), "44", Qt::ToolTipRole));
+    EXPECT_EQ(count->svalue, "42");
+    EXPECT_EQ(count->name, "Count_1");
+    EXPECT_FALSE(prop.setData(At({"RealQ_1"}, 1), "1"));
+    EXPECT_FALSE(prop.setData(At({"RealQ_1"}, 1), 2, Qt::CheckStateRole));
+
+    // A boolean is a check box; the value column stores the text too.
+    QSignalSpy changed(&prop, &QAbstractItemModel::dataChanged);
+    const QModelIndex boolValue = At({"Bool_1"}, 1);
+    flag->Value->Buf[0] = 0;
+    EXPECT_FALSE(boolValue.data().isValid());
+    EXPECT_EQ(boolValue.data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
+    EXPECT_TRUE(prop.setData(boolValue, Qt::Checked, Qt::CheckStateRole));
+    EXPECT_EQ(flag->Value->Buf[0], 1);
+    EXPECT_EQ(flag->svalue, "true");
+    EXPECT_EQ(boolValue.data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+    // dataChanged covers the row from column 0 to column 1.
+    EXPECT_EQ(changed.value(0).mid(0, 2),
+              (QVariantList{QVariant::fromValue(At({"Bool_1"})), QVariant::fromValue(boolValue)}));
+    EXPECT_TRUE(prop.setData(boolValue, "нет", Qt::CheckStateRole));
+    EXPECT_EQ(flag->svalue, "false");
+    EXPECT_EQ(flag->Value->Buf[0], 0);
+    EXPECT_TRUE(prop.setData(At({"Bool_1"}), Qt::Checked, Qt::CheckStateRole));
+    EXPECT_EQ(flag->Value->Buf[0], 1);
+    EXPECT_EQ(flag->svalue, "false");
+    EXPECT_EQ(changed.count(), 3);
+
+    PropICCPModel empty;
+    EXPECT_EQ(empty.rowCount(), 0);
+    EXPECT_FALSE(empty.setData(QModelIndex(), "1"));
+}
+
+TEST_F(PropModelTest, TransferSetMembersAndTheirValues) {
+    DcTransSet* ts = TransferSet();
+    ASSERT_NE(ts, nullptr);
+    Show(ts, ts->Members);
+    EXPECT_EQ(ChildTexts(prop, QModelIndex()),
+              (QStringList{"DataSetName", "StartTime", "Interval", "TLE", "BufferTime",
+                           "IntegrityCheck", "DSConditionsRequested", "BlockData", "Critical",
+                           "RBE", "Status", "EventCodeRequested"}));
+    EXPECT_EQ(ChildTexts(prop, At({"DataSetName"})), (QStringList{"Scope", "DomainName", "Name"}));
+    EXPECT_EQ(At({"StartTime"}).data(Qt::ToolTipRole).toString(),
+              "время начала  мониторинга состояния");
+    EXPECT_EQ(At({"DSConditionsRequested"}, 1).data().toString().size(), 5);
+    EXPECT_EQ(prop.flags(At({"DSConditionsRequested"}, 1)), kBase);
+    EXPECT_EQ(prop.flags(At({"StartTime"}, 1)), kEdit);
+    EXPECT_EQ(prop.flags(At({"StartTime"})), kBase);
+    EXPECT_TRUE(At({"RBE"}, 1).data(Qt::CheckStateRole).isValid());
+
+    // A text too long for a VISIBLE_STRING32 leaves the stored one.
+    const QModelIndex domain = At({"DataSetName", "DomainName"}, 1);
+    EXPECT_TRUE(prop.setData(domain, "ICC_1"));
+    EXPECT_TRUE(prop.setData(domain, QString(40, 'x')));
+    EXPECT_EQ(domain.data().toString(), "ICC_1");
+    EXPECT_EQ(static_cast<DcDA*>(ObjectOf(At({"DataSetName", "DomainName"})))->svalue, "ICC_1");
+}
+
+TEST_F(PropModelTest, StructureTypeWithTypeNamesIsReadOnly) {
+    Model4AddFrm types;
+    auto* type =
+        qobject_cast<DcDOType*>(pDcDTTP->FindType("Data_State_SupplementalQTimeTagExtended"));
+    ASSERT_NE(type, nullptr);
+    myNode* root = new myNode(type->type, type);
+    type->GetFullContDesc(root);
+    types.setRootNode(root);
+
+    EXPECT_EQ(ChildTexts(types, QModelIndex()), (QStringList{"Value", "TimeStamp", "Flags"}));
+    EXPECT_EQ(FindRow(types, {"Value"}, 1).data().toString(), "Data_StateSupplemental");
+    EXPECT_EQ(FindRow(types, {"TimeStamp"}, 1).data().toString(), "Data_TimeStampExtended");
+    EXPECT_EQ(FindRow(types, {"TimeStamp", "Milliseconds"}, 1).data().toString(),
+              "TimeIntervalL16");
+    EXPECT_EQ(ObjectOf(FindRow(types, {"TimeStamp"})), ListOb(type->Members, 1));
+    EXPECT_FALSE(FindRow(types, {"Value"}).data(Qt::DecorationRole).isValid());
+    EXPECT_FALSE(FindRow(types, {"Value"}, 1).data(Qt::UserRole).isValid());
+    for (int column : {0, 1}) {
+        EXPECT_EQ(types.flags(types.index(0, column)), kBase);
+        for (int role : {0, 2, 10})
+            EXPECT_FALSE(types.setData(types.index(0, column), "1", role));
+    }
+}
+
+TEST_F(PropModelTest, LineEditorsOfBothViews) {
+    Show(icc, icc->Vars, 2);
+    PropDelegateDcDA values;
+    QWidget host;
+    QStyleOptionViewItem option;
+    option.rect = QRect(3, 4, 120, 20);
+    const QModelIndex countValue = At({"Count_1"}, 1);
+    const int kept = count->Value->bType;
+    QList<int> edited;
+    for (int type = -1; type <= 14; ++type) {
+        count->Value->bType = type;
+        if (std::unique_ptr<QWidget>(values.createEditor(&host, option, countValue)))
+            edited << type;
+    }
+    count->Value->bType = kept;
+    EXPECT_EQ(edited, (QList<int>{1, 2, 3, 4, 5, 6, 7, 8, 10, 11}));
+    for (const QModelIndex& cell : {At({"Bool_1"}, 1), At({"RealQ_1", "Flags"}, 1),
+                                    At({"RealQ_1"}, 1), At({"RealQ_1", "Flags", "h1"}, 1)})
+        EXPECT_EQ(std::unique_ptr<QWidget>(values.createEditor(&host, option, cell)), nullptr);
+
+    std::unique_ptr<QWidget> editor(values.createEditor(&host, option, countValue));
+    auto* line = qobject_cast<QLineEdit*>(editor.get());
+    ASSERT_NE(line, nullptr);
+    count->Value->SetFromstring("5");
+    values.setEditorData(line, countValue);
+    EXPECT_EQ(line->text(), "5");
+    line->setText("17");
+    values.setModelData(line, &prop, countValue);
+    EXPECT_EQ(count->svalue, "17");
+    values.updateEditorGeometry(line, option, countValue);
+    EXPECT_EQ(line->geometry(), QRect(3, 4, 120, 20));
+
+    // Descriptions in the tree: column 1 of object rows.
+    PropDelegate4Desc descriptions;
+    count->desc = "Счётчик";
+    icc->desc = "ЦУ";
+    const QModelIndex countDesc = Row(kIccVars + QStringList{"Count_1"}, 1);
+    for (const QModelIndex& cell : {Row(kIccVars + QStringList{"Count_1"}), Row(kIccVars, 1)})
+        EXPECT_EQ(std::unique_ptr<QWidget>(descriptions.createEditor(&host, option, cell)),
+                  nullptr);
+    editor.reset(descriptions.createEditor(&host, option, countDesc));
+    line = qobject_cast<QLineEdit*>(editor.get());
+    ASSERT_NE(line, nullptr);
+    descriptions.setEditorData(line, countDesc);
+    EXPECT_EQ(line->text(), "Счётчик");
+    line->setText("Счётчик импульсов");
+    descriptions.setModelData(line, model, countDesc);
+    EXPECT_EQ(count->desc, "Счётчик импульсов");
+    // An ICC's description is edited from an empty line.
+    editor.reset(descriptions.createEditor(&host, option, Row(kIcc, 1)));
+    line = qobject_cast<QLineEdit*>(editor.get());
+    ASSERT_NE(line, nullptr);
+    descriptions.setEditorData(line, Row(kIcc, 1));
+    EXPECT_EQ(line->text(), "");
+    line->setText("Центр");
+    descriptions.setModelData(line, model, Row(kIcc, 1));
+    EXPECT_EQ(icc->desc, "Центр");
+}

@@ -1,0 +1,39 @@
+// The template model read as the form reads it, with variables added to
+// ICC_1 (a Data_RealQ RealQ_1, a BOOL Bool_1, an INT16 Count_1), its tree in
+// an IEDTreeModel.
+#pragma once
+
+#include <QModelIndex>
+#include <QStringList>
+#include <gtest/gtest.h>
+
+#include "model/ICCPTypes_Nat.h"
+#include "support/myNode.h"
+#include "views/SomeModelsIED.h"
+
+class TemplTreeTest : public ::testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    // The row reached from the top by display texts, in that column.
+    QModelIndex Row(const QStringList& path, int column = 0) const;
+    QStringList Children(const QStringList& path) const;
+
+    IEDTreeModel* model = nullptr;
+    DcLD* icc = nullptr;
+    DcDO* realQ = nullptr;
+    DcDA* flag = nullptr;
+    DcDA* count = nullptr;
+};
+
+// The row's object through role 256, in any model.
+DcICCPBase* ObjectOf(const QModelIndex& index);
+// Display texts of the children of parent, in any model.
+QStringList ChildTexts(const QAbstractItemModel& model, const QModelIndex& parent);
+// The row of model found by display texts from parent down, in that column.
+QModelIndex FindRow(const QAbstractItemModel& model, const QStringList& path, int column = 0);
+// The same picture as the resource.
+bool SameImage(const QVariant& icon, const QString& resource);
+
+extern const QStringList kVccVars, kVccSet, kIcc, kIccVars, kIccSet;

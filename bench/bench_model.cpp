@@ -113,24 +113,15 @@ void BM_BareParse(benchmark::State& state) {
     state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(text.size()));
 }
 
-BENCHMARK(BM_WriteModel)
-    ->Arg(5000)
-    ->Arg(10000)
-    ->Arg(20000)
-    ->Unit(benchmark::kMillisecond)
-    ->Complexity(benchmark::oN);
-BENCHMARK(BM_ReadModel)
-    ->Arg(5000)
-    ->Arg(10000)
-    ->Arg(20000)
-    ->Unit(benchmark::kMillisecond)
-    ->Complexity(benchmark::oN);
-BENCHMARK(BM_BareParse)
-    ->Arg(5000)
-    ->Arg(10000)
-    ->Arg(20000)
-    ->Unit(benchmark::kMillisecond)
-    ->Complexity(benchmark::oN);
+// Three sizes, to see the growth with the number of variables.
+void Sizes(benchmark::internal::Benchmark* bench) {
+    bench->Arg(5000)->Arg(10000)->Arg(20000)->Unit(benchmark::kMillisecond);
+    bench->Complexity(benchmark::oN);
+}
+
+BENCHMARK(BM_WriteModel)->Apply(Sizes);
+BENCHMARK(BM_ReadModel)->Apply(Sizes);
+BENCHMARK(BM_BareParse)->Apply(Sizes);
 
 long PeakKb() {
     rusage usage{};

@@ -13,23 +13,28 @@ DcDOType* StructType(int i) {
     return qobject_cast<DcDOType*>(pDcDTTP->GetChildById(i));
 }
 
+// The model's XML, the template set's XML and the CSV against three golden
+// files.
+void ExpectGoldenTexts(const char* vccFile, const char* dttpFile, const char* csvFile) {
+    ASSERT_NE(pVCC, nullptr);
+    ASSERT_NE(pDcDTTP, nullptr);
+    const std::string vcc = Golden(vccFile);
+    const std::string dttp = Golden(dttpFile);
+    const std::string csv = Golden(csvFile);
+    ASSERT_FALSE(vcc.empty() || dttp.empty() || csv.empty());
+    EXPECT_TRUE(SameText(vcc, pVCC->ToXML(2)));
+    EXPECT_TRUE(SameText(dttp, pDcDTTP->ToXML(2)));
+    EXPECT_TRUE(SameText(csv, pVCC->ToCSV(0)));
+}
+
 } // namespace
 
 TEST_F(ModelText, TemplateWritesItsGoldenTexts) {
     const std::string templ = ReadWholeFile(":/Templ");
     ASSERT_FALSE(templ.empty());
     ASSERT_TRUE(Load(templ));
-    ASSERT_NE(pVCC, nullptr);
-    ASSERT_NE(pDcDTTP, nullptr);
-    ASSERT_NE(tree, nullptr);
-
-    const std::string vcc = Golden("templ_vcc.xml");
-    const std::string dttp = Golden("templ_dttp.xml");
-    const std::string csv = Golden("templ.csv");
-    ASSERT_FALSE(vcc.empty() || dttp.empty() || csv.empty());
-    EXPECT_TRUE(SameText(vcc, pVCC->ToXML(2)));
-    EXPECT_TRUE(SameText(dttp, pDcDTTP->ToXML(2)));
-    EXPECT_TRUE(SameText(csv, pVCC->ToCSV(0)));
+    EXPECT_NE(tree, nullptr);
+    ExpectGoldenTexts("templ_vcc.xml", "templ_dttp.xml", "templ.csv");
 }
 
 TEST_F(ModelText, TemplateTextReadsAsTheFormExpects) {
@@ -77,16 +82,8 @@ TEST_F(ModelText, RichModelWritesItsGoldenTexts) {
     const std::string input = Golden("rich_input.xml");
     ASSERT_FALSE(input.empty());
     ASSERT_TRUE(Load(input));
-    ASSERT_NE(pVCC, nullptr);
-    ASSERT_NE(pDcDTTP, nullptr);
-
-    const std::string vcc = Golden("rich_vcc.xml");
-    const std::string dttp = Golden("rich_dttp.xml");
-    const std::string csv = Golden("rich.csv");
-    ASSERT_FALSE(vcc.empty() || dttp.empty() || csv.empty());
-    EXPECT_TRUE(SameText(vcc, pVCC->ToXML(2)));
-    EXPECT_TRUE(SameText(dttp, pDcDTTP->ToXML(2)));
-    EXPECT_TRUE(SameText(csv, pVCC->ToCSV(0)));
+    ExpectGoldenTexts("rich_vcc.xml", "rich_dttp.xml", "rich.csv");
+    ASSERT_TRUE(pVCC && pDcDTTP);
 
     // The problems met on the way were counted where they were found.
     EXPECT_EQ(pDcDTTP->DupDAType, 1);

@@ -1,91 +1,75 @@
 // The description tables of host parameters and their choice by kind.
 #include "plugin/HostDescTables.h"
 
-#include <QString>
+#include <QStringList>
 #include <gtest/gtest.h>
-#include <vector>
 
 namespace {
 
-struct Row {
-    const char* key;
-    const char* caption;
-    const char* group;
-    int editable;
-    int visible;
-};
-
-void ExpectTable(const AddDescNode* table, int count, const std::vector<Row>& rows) {
-    ASSERT_NE(table, nullptr);
-    ASSERT_EQ(count, int(rows.size()));
+// A table's column as one text, rows joined by "|"; flags as editable and
+// visible digits.
+QString Column(const AddDescNode* table, int count, int field) {
+    QStringList column;
     for (int i = 0; i < count; ++i) {
-        SCOPED_TRACE(i);
-        EXPECT_STREQ(table[i].key, rows[size_t(i)].key);
-        EXPECT_EQ(QString::fromUtf8(table[i].caption), QString::fromUtf8(rows[size_t(i)].caption));
-        EXPECT_EQ(QString::fromUtf8(table[i].group), QString::fromUtf8(rows[size_t(i)].group));
-        EXPECT_EQ(table[i].editable, rows[size_t(i)].editable);
-        EXPECT_EQ(table[i].visible, rows[size_t(i)].visible);
+        const AddDescNode& row = table[i];
+        const char* texts[] = {row.key, row.caption, row.group};
+        column << (field < 3 ? QString::fromUtf8(texts[field])
+                             : QString("%1%2").arg(row.editable).arg(row.visible));
     }
+    return column.join('|');
+}
+
+void ExpectTable(const AddDescNode* table, int count, const char* keys, const char* captions,
+                 const char* groups, const char* flags) {
+    EXPECT_EQ(Column(table, count, 0), QString::fromUtf8(keys));
+    EXPECT_EQ(Column(table, count, 1), QString::fromUtf8(captions));
+    EXPECT_EQ(Column(table, count, 2), QString::fromUtf8(groups));
+    EXPECT_EQ(Column(table, count, 3), QString::fromUtf8(flags));
 }
 
 } // namespace
 
 TEST(DescTables, RowsOfEveryTable) {
-    ExpectTable(TagBaseDesc, TagBaseDescCount,
-                {{"number", "Номер в конфигурации", "Base", 0, 1},
-                 {"using", "Использование", "Base", 1, 1},
-                 {"procType", "Тип обработки", "Treat", 1, 1}});
-    ExpectTable(FolgerBaseDesc, FolgerBaseDescCount,
-                {{"type", "Тип", "Base", 1, 1},
-                 {"caption", "Наименование", "Base", 1, 1},
-                 {"using", "Использование", "Base", 1, 1}});
-    ExpectTable(DeviceBaseDesc, DeviceBaseDescCount,
-                {{"number", "Номер в конфигурации", "Base", 0, 1},
-                 {"protocol", "Протокол", "Base", 0, 1},
-                 {"caption", "Наименование", "Base", 1, 1},
-                 {"$CHECKED", "Использование", "Base", 1, 1},
-                 {"template", "Файл шаблона", "Base", 1, 1}});
+    ExpectTable(TagBaseDesc, TagBaseDescCount, "number|using|procType",
+                "Номер в конфигурации|Использование|Тип обработки", "Base|Base|Treat", "01|11|11");
+    ExpectTable(FolgerBaseDesc, FolgerBaseDescCount, "type|caption|using",
+                "Тип|Наименование|Использование", "Base|Base|Base", "11|11|11");
+    ExpectTable(DeviceBaseDesc, DeviceBaseDescCount, "number|protocol|caption|$CHECKED|template",
+                "Номер в конфигурации|Протокол|Наименование|Использование|Файл шаблона",
+                "Base|Base|Base|Base|Base", "01|01|11|11|11");
     ExpectTable(LineBaseDesc, LineBaseDescCount,
-                {{"number", "Номер в конфигурации", "Base", 0, 1},
-                 {"caption", "Наименование", "Base", 1, 1},
-                 {"using", "Использование", "Base", 1, 1},
-                 {"priority", "Приоритет", "Base", 1, 1},
-                 {"driver", "Драйвер", "Base", 1, 1},
-                 {"IPaddress", "IP-адрес", "Base", 1, 1},
-                 {"port", "TCP-порт", "Base", 1, 1},
-                 {"startDelay", "Задержка старта(ms)", "Base", 1, 1}});
-    ExpectTable(DirectAddDesc, DirectAddDescCount,
-                {{"number", "Номер в конфигурации", "Base", 0, 1},
-                 {"caption", "Наименование", "Base", 1, 1},
-                 {"using", "Использование", "Base", 1, 1},
-                 {"redundancy", "Резервирование сервера", "Base", 1, 1},
-                 {"t8", "Выбор основной линии(ms)", "Self", 1, 1},
-                 {"t9", "Тест состояния линии", "Self", 1, 1}});
+                "number|caption|using|priority|driver|IPaddress|port|startDelay",
+                "Номер в конфигурации|Наименование|Использование|Приоритет|Драйвер|IP-адрес|"
+                "TCP-порт|Задержка старта(ms)",
+                "Base|Base|Base|Base|Base|Base|Base|Base", "01|11|11|11|11|11|11|11");
+    ExpectTable(DirectAddDesc, DirectAddDescCount, "number|caption|using|redundancy|t8|t9",
+                "Номер в конфигурации|Наименование|Использование|Резервирование сервера|"
+                "Выбор основной линии(ms)|Тест состояния линии",
+                "Base|Base|Base|Base|Self|Self", "01|11|11|11|11|11");
     // The third field names the processing type for which a row applies.
     ExpectTable(AprocTypeDepFlds, AprocTypeDepFldsCount,
-                {{"", "", "Нет", 1, 1},
-                 {"procMul", "Множитель", "Аналоговая", 1, 1},
-                 {"procAdd", "Смещение", "Аналоговая", 1, 1},
-                 {"procAperture", "Апертура", "Аналоговая", 1, 1},
-                 {"procClear", "Обнуление", "Аналоговая", 1, 1},
-                 {"procInvert", "Инверсия", "Дискретная", 1, 1}});
-}
+                "|procMul|procAdd|procAperture|procClear|procInvert",
+                "|Множитель|Смещение|Апертура|Обнуление|Инверсия",
+                "Нет|Аналоговая|Аналоговая|Аналоговая|Аналоговая|Дискретная", "11|11|11|11|11|11");
 
-TEST(DescTables, TagPropertyRecords) {
     ASSERT_EQ(SomeTagPropertiesOrmelsrvCount, 3);
     const tTagPropDesc* r = SomeTagPropertiesOrmelsrv;
     EXPECT_EQ(QString::fromUtf8(r[0].caption), "Некоторые свойства тега");
-    EXPECT_STREQ(r[0].key, "");
     EXPECT_EQ(QString::fromUtf8(r[1].caption), "Ключ привязки");
-    EXPECT_STREQ(r[1].key, "tag_id");
     EXPECT_EQ(QString::fromUtf8(r[2].caption), "Наименование");
-    EXPECT_STREQ(r[2].key, "caption");
-    const int expected[3][3] = {{0, 0, 0}, {4, 0, 1}, {4, 1, 2}};
-    for (int i = 0; i < 3; ++i) {
-        EXPECT_EQ(r[i].type, expected[i][0]) << i;
-        EXPECT_EQ(r[i].position, expected[i][1]) << i;
-        EXPECT_EQ(r[i].level, expected[i][2]) << i;
-    }
+    EXPECT_EQ(QString(r[0].key) + "|" + r[1].key + "|" + r[2].key, "|tag_id|caption");
+    // Type, position and level of each record.
+    EXPECT_EQ(QString("%1%2%3 %4%5%6 %7%8%9")
+                  .arg(r[0].type)
+                  .arg(r[0].position)
+                  .arg(r[0].level)
+                  .arg(r[1].type)
+                  .arg(r[1].position)
+                  .arg(r[1].level)
+                  .arg(r[2].type)
+                  .arg(r[2].position)
+                  .arg(r[2].level),
+              "000 401 412");
 }
 
 TEST(DescTables, TableByKind) {

@@ -1,10 +1,6 @@
 // The "EnumQRT" enumeration text and the "low=high" range text.
 #include "plugin/HostTitles.h"
 
-#include "common/SmallProject.h"
-#include "plugin/CfgIecArvenlib.h"
-#include "plugin/cfgCalls.h"
-
 #include <gtest/gtest.h>
 
 TEST(EnumQRT, ItemsBetweenSemicolonsAndTheTrimmedRest) {
@@ -113,16 +109,4 @@ TEST(Range, UpperBoundKeepsItsEqualsSignAndReadsAsZero) {
     EXPECT_FALSE(getDRange("0.5", dlow, dhigh));
     EXPECT_DOUBLE_EQ(dlow, 7);
     EXPECT_DOUBLE_EQ(dhigh, 7);
-}
-
-TEST(Range, HostRangeTextOfALimit) {
-    SmallProject p;
-    pGlobcfgInterface = HostProject::table();
-    cfgParamInfo info = {};
-    ASSERT_TRUE(cfgPropInfo(p.unit, "maxICC", &info));
-    int low = -1, high = -1;
-    ASSERT_TRUE(getIRange(info.rangeText, low, high));
-    EXPECT_EQ(low, 1);
-    EXPECT_EQ(high, 0); // not the host's 16
-    pGlobcfgInterface = nullptr;
 }

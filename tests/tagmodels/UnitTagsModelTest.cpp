@@ -179,16 +179,6 @@ TEST_F(TagModel, NoRootMeansNoRowsAndNoHostCall) {
             ++hostCalls;
             return PatchedHost::original<TcfgObChildCount>(slotObChildCount)(ob, kind);
         });
-    counting.patch(
-        slotObChild, +[](void* ob, int kind, int i) {
-            ++hostCalls;
-            return PatchedHost::original<TcfgObChild>(slotObChild)(ob, kind, i);
-        });
-    counting.patch(
-        slotPropGet, +[](void* ob, const char* name, cfgParamValue* v) {
-            ++hostCalls;
-            return PatchedHost::original<TcfgPropGet>(slotPropGet)(ob, name, v);
-        });
     model.setRootNode(nullptr);
     hostCalls = 0;
     EXPECT_EQ(model.rowCount(), 0);

@@ -1,5 +1,6 @@
 // The writers against hand-written golden texts: the built-in template and a
 // model with ICCs, data sets, transfer sets and structures.
+#include <QDir>
 #include <QStringList>
 
 #include "GoldenText.h"
@@ -99,4 +100,19 @@ TEST_F(ModelText, TextThatDoesNotParseReadsNothing) {
     EXPECT_EQ(pVCC, nullptr);
     EXPECT_EQ(pDcDTTP, nullptr);
     EXPECT_EQ(tree, nullptr);
+}
+
+// Texts that once led the parser past their end: a UTF-8 lead byte right
+// before the terminating zero made TinyXML step over it. The text ends at its
+// first zero byte, so they hold an unterminated attribute and read nothing.
+TEST_F(ModelText, KeptFuzzInputsEndAtTheirFirstZeroByte) {
+    const QDir dir(ICCP_GOLDEN_DIR "/../../fuzz/regressions");
+    const QStringList files = dir.entryList(QDir::Files);
+    ASSERT_GE(files.size(), 2);
+    for (const QString& file : files) {
+        const std::string text = ReadWholeFile(dir.filePath(file));
+        ASSERT_FALSE(text.empty()) << file.toStdString();
+        EXPECT_FALSE(Load(text)) << file.toStdString();
+        EXPECT_EQ(pVCC, nullptr) << file.toStdString();
+    }
 }

@@ -105,6 +105,16 @@ void SetUpView(QTreeView& view) {
 
 // The model goes on the view as the form does it on a change of unit, and
 // the view is laid out and painted once.
+void Show(QTreeView& view, UnitTagsModel& model, HostObject* folder) {
+    view.setModel(nullptr);
+    model.mode = cotSource;
+    model.setRootNode(folder);
+    view.setModel(&model);
+    view.show();
+    QApplication::processEvents();
+    view.viewport()->repaint();
+}
+
 void BM_ShowFolder(benchmark::State& state) {
     Folder& folder = Prepare(state);
     double calls = 0;
@@ -116,13 +126,7 @@ void BM_ShowFolder(benchmark::State& state) {
         folder.host.resetCalls();
         state.ResumeTiming();
 
-        view.setModel(nullptr);
-        model.mode = cotSource;
-        model.setRootNode(folder.base);
-        view.setModel(&model);
-        view.show();
-        QApplication::processEvents();
-        view.viewport()->repaint();
+        Show(view, model, folder.base);
 
         state.PauseTiming();
         calls = HostCalls(folder.host);
@@ -141,12 +145,7 @@ void BM_ScrollThrough(benchmark::State& state) {
     QTreeView view;
     SetUpView(view);
     UnitTagsModel model;
-    model.mode = cotSource;
-    model.setRootNode(folder.base);
-    view.setModel(&model);
-    view.show();
-    QApplication::processEvents();
-    view.viewport()->repaint();
+    Show(view, model, folder.base);
     QScrollBar* bar = view.verticalScrollBar();
     int pages = 0;
     double calls = 0;

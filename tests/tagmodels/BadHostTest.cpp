@@ -3,23 +3,14 @@
 #include "views/UnitTagsModel.h"
 
 #include "TagTree.h"
-#include "common/TestApp.h"
 
 #include <QTreeView>
 #include <gtest/gtest.h>
 
 namespace {
 
-class BadHost : public ::testing::Test {
+class BadHost : public TagModelTest {
 protected:
-    void SetUp() override {
-        EnsureApp();
-        pGlobcfgInterface = HostProject::table();
-        model.mode = 0;
-        model.setRootNode(tree.base);
-    }
-    void TearDown() override { pGlobcfgInterface = nullptr; }
-
     // A search of every row for the object.
     QModelIndexList find(void* ob) {
         return model.match(model.index(0, 0), Qt::UserRole, QVariant::fromValue(ob), -1,
@@ -35,10 +26,6 @@ protected:
         view.expandAll();
         view.grab();
     }
-
-    SmallProject p;
-    TagTree tree{p.host, p.unit2, 0};
-    UnitTagsModel model;
 };
 
 // The tree that the patched slots answer with.

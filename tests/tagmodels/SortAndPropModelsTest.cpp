@@ -16,24 +16,17 @@ struct OpenProxy : ProxyModel4TagsModel {
     using ProxyModel4TagsModel::lessThan;
 };
 
-class Sorting : public ::testing::Test {
+class Sorting : public TagModelTest {
 protected:
     void SetUp() override {
-        EnsureApp();
-        pGlobcfgInterface = HostProject::table();
-        tags.mode = 0;
-        tags.setRootNode(tree.base);
+        TagModelTest::SetUp();
         proxy.setSourceModel(&tags);
         s1 = tags.index(0, 0);
         s2 = tags.index(1, 0);
         t1 = tags.index(2, 0);
         t3 = tags.index(4, 0);
     }
-    void TearDown() override { pGlobcfgInterface = nullptr; }
-
-    SmallProject p;
-    TagTree tree{p.host, p.unit2, 0};
-    UnitTagsModel tags;
+    UnitTagsModel& tags = model;
     OpenProxy proxy;
     QModelIndex s1, s2, t1, t3;
 };

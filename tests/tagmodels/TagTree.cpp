@@ -1,5 +1,7 @@
 #include "TagTree.h"
 
+#include "common/TestApp.h"
+
 #include <cstring>
 
 namespace {
@@ -37,4 +39,15 @@ PatchedHost::PatchedHost() {
 
 PatchedHost::~PatchedHost() {
     pGlobcfgInterface = HostProject::table();
+}
+
+void TagModelTest::SetUp() {
+    EnsureApp();
+    pGlobcfgInterface = HostProject::table();
+    model.mode = 0;
+    model.setRootNode(tree.base);
+}
+
+void TagModelTest::TearDown() {
+    pGlobcfgInterface = nullptr;
 }

@@ -5,9 +5,11 @@
 
 #include "common/SmallProject.h"
 #include "plugin/CfgIecArvenlib.h"
+#include "views/UnitTagsModel.h"
 
 #include <QModelIndex>
 #include <QString>
+#include <gtest/gtest.h>
 #include <ostream>
 
 // Under `unit`, for the mode:
@@ -35,6 +37,18 @@ struct TagTree {
     HostObject* a2;
     HostObject* b1;
     HostObject* c1;
+};
+
+// A tag model of mode 0 over the base of a tag tree under the project's
+// second unit, with the stand-in's table in place.
+class TagModelTest : public ::testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    SmallProject p;
+    TagTree tree{p.host, p.unit2, 0};
+    UnitTagsModel model;
 };
 
 // The object of a model row.

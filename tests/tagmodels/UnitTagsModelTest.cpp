@@ -3,7 +3,6 @@
 #include "views/UnitTagsModel.h"
 
 #include "TagTree.h"
-#include "common/TestApp.h"
 #include "model/DcDA.h"
 #include "plugin/cfgCalls.h"
 #include "support/MyBuf.h"
@@ -15,16 +14,8 @@
 
 namespace {
 
-class TagModel : public ::testing::Test {
+class TagModel : public TagModelTest {
 protected:
-    void SetUp() override {
-        EnsureApp();
-        pGlobcfgInterface = HostProject::table();
-        model.mode = 0;
-        model.setRootNode(tree.base);
-    }
-    void TearDown() override { pGlobcfgInterface = nullptr; }
-
     // The rows a view shows, depth first, as their texts.
     QStringList shown(const QModelIndex& parent = QModelIndex()) {
         QStringList texts;
@@ -35,10 +26,6 @@ protected:
         }
         return texts;
     }
-
-    SmallProject p;
-    TagTree tree{p.host, p.unit2, 0};
-    UnitTagsModel model;
 };
 
 int hostCalls = 0;

@@ -110,12 +110,26 @@ HostObject* HostObject::fromHandle(const void* handle) {
     return static_cast<HostObject*>(const_cast<void*>(handle));
 }
 
-QList<HostObject*> HostObject::children(int kind) const {
-    QList<HostObject*> result;
-    for (HostObject* child : m_children)
-        if (child->m_kind == kind)
-            result.append(child);
-    return result;
+const QList<HostObject*>& HostObject::children(int kind) const {
+    auto found = m_byKind.find(kind);
+    if (found == m_byKind.end()) {
+        QList<HostObject*> result;
+        for (HostObject* child : m_children)
+            if (child->m_kind == kind)
+                result.append(child);
+        found = m_byKind.insert(kind, result);
+    }
+    return found.value();
+}
+
+void HostObject::attachChild(HostObject* child) {
+    m_children.append(child);
+    m_byKind.clear();
+}
+
+void HostObject::detachChild(HostObject* child) {
+    m_children.removeOne(child);
+    m_byKind.clear();
 }
 
 int HostObject::paramIndex(const QByteArray& name) const {

@@ -5,6 +5,7 @@
 #include "plugin/cfgInterface.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QList>
 #include <QVariant>
 
@@ -42,8 +43,9 @@ public:
     TCfgObjectType kind() const { return m_kind; }
     const QByteArray& moduleKey() const { return m_moduleKey; }
     const QList<HostObject*>& children() const { return m_children; }
-    // Children of one kind, in order.
-    QList<HostObject*> children(int kind) const;
+    // Children of one kind, in order. Kept per kind between changes, since
+    // the plug-in asks for counts and single children row by row.
+    const QList<HostObject*>& children(int kind) const;
 
     const QList<HostParam>& params() const { return m_params; }
     int paramIndex(const QByteArray& name) const;
@@ -71,6 +73,11 @@ private:
     HostObject* m_owner;
     TCfgObjectType m_kind;
     QByteArray m_moduleKey;
+    // Adds or removes a child and forgets the per-kind lists.
+    void attachChild(HostObject* child);
+    void detachChild(HostObject* child);
+
     QList<HostObject*> m_children; // owned
+    mutable QHash<int, QList<HostObject*>> m_byKind;
     QList<HostParam> m_params;
 };

@@ -60,14 +60,20 @@ HostObject* HostProject::create(HostObject* parent, int kind, int number,
     auto ob = new HostObject(this, parent, TCfgObjectType(kind), moduleKey);
     ob->m_params = DefaultParams(TCfgObjectType(kind));
     ob->set("number", number);
-    (parent ? parent->m_children : m_roots).append(ob);
+    if (parent)
+        parent->attachChild(ob);
+    else
+        m_roots.append(ob);
     return ob;
 }
 
 void HostProject::remove(HostObject* ob) {
     if (!ob || ob->project() != this)
         return;
-    (ob->owner() ? ob->owner()->m_children : m_roots).removeOne(ob);
+    if (ob->owner())
+        ob->owner()->detachChild(ob);
+    else
+        m_roots.removeOne(ob);
     delete ob;
 }
 

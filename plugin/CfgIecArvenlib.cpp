@@ -1,6 +1,9 @@
 #include "plugin/CfgIecArvenlib.h"
 
+#include "form/CfgIecArven.h"
+#include "model/ICCPTypes_Nat.h"
 #include "plugin/cfgCalls.h"
+#include "views/SomeModelsIED.h"
 
 #include <QMessageBox>
 
@@ -39,6 +42,11 @@ int32_t ReadLimit(void* unit, const char* name) {
         return 1;
     return value.intValue;
 }
+// Data sets listed without transfer sets get theirs.
+void CorrectReserve() {
+    if (FCfgArvenSR->ReserveList.Count > 0 && pVCC)
+        pVCC->CorrectDSTS(&FCfgArvenSR->ReserveList);
+}
 } // namespace
 
 void FillProtICCPData(void*& unit) {
@@ -48,6 +56,31 @@ void FillProtICCPData(void*& unit) {
     }
     ICCdata.maxICC = ReadLimit(unit, "maxICC");
     ICCdata.maxDS = ReadLimit(unit, "maxDS");
+}
+
+void CfgArvenSR::ResetFrm() {
+    ClearICCP();
+    tVProp->setModel(nullptr);
+    tVTags->setModel(nullptr);
+    lW_ieds->clear();
+    FirstShow = true;
+}
+
+// From the template model to this unit's model. The unit's tags are the
+// source of the variables; the stored blob isn't read. The argument isn't
+// what the walk starts from: the unit of the call is.
+void CfgArvenSR::UpdAfterLoad(void*) {
+    QList<void*> tags;
+    Stack1.clear();
+    for (int kind = cotSource; kind <= cotControlPass; ++kind) {
+        Stack1.push_back(RecvUnit);
+        GetElemByFolder(kind, tags);
+    }
+    ClearNodeByStr("Переменные");
+    ClearDS();
+    tVIed->setModel(pTreeIedModel);
+    if (!tVIed->isVisible())
+        tVIed->setVisible(true);
 }
 
 extern "C" {
@@ -63,6 +96,32 @@ void* CfgFormGet(void* host, void* line, void* unit, void* tag) {
     if (!InspectRecvData())
         return nullptr;
     FillProtICCPData(unit);
+
+    if (!FCfgArvenSR) {
+        UnitICDfile = QString();
+        // The constructor lists the units already: the owner and the unit are
+        // stored by now.
+        FCfgArvenSR = new CfgArvenSR(nullptr);
+        FCfgArvenSR->loadFromTemplate();
+        FCfgArvenSR->ConcludeConstructor();
+        FCfgArvenSR->tVprop->hide();
+        FCfgArvenSR->CurUnit = RecvUnit;
+        FCfgArvenSR->UpdAfterLoad(unit);
+        CorrectReserve();
+    } else {
+        // The second clearing finds nothing left to clear.
+        FCfgArvenSR->ResetFrm();
+        FCfgArvenSR->tVprop->hide();
+        UnitICDfile = QString();
+        FCfgArvenSR->ResetFrm();
+        if (FCfgArvenSR->loadFromTemplate() == 0) {
+            FCfgArvenSR->UpdAfterLoad(RecvUnit);
+            CorrectReserve();
+        }
+        FCfgArvenSR->CurUnit = RecvUnit;
+        FCfgArvenSR->lW_iedsInit();
+    }
+    FCfgArvenSR->exec();
     return FCfgArvenSR;
 }
 

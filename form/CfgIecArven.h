@@ -1,0 +1,178 @@
+// The configuration form: one modal dialog that shows the unit, its tags,
+// the ICCP model and its data sets side by side. The dialog hosts a main
+// window of its own for the menu bar, tool bar and status bar.
+//
+// The class is large on purpose: members that work on tags, on the model or
+// on the views live in the .cpp files of their folders, and free functions
+// reach the one form through FCfgArvenSR. Every field is public for them.
+// Menus and keys reach slots by their names (string connections and
+// QMetaObject::invokeMethod), so a slot declared here later connects by
+// itself; the deleting members that the key filter calls are slots for that
+// reason.
+#pragma once
+
+#include <QDialog>
+#include <QIcon>
+#include <QMap>
+#include <QPoint>
+#include <QString>
+#include <QStringList>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "support/UStringList.h"
+#include "ui_DArvenCfg.h"
+
+class QAction;
+class QActionGroup;
+class QMainWindow;
+class QMenu;
+class QMenuBar;
+class QStatusBar;
+class QToolBar;
+class TiXmlDocument;
+class IEDTreeModel;
+class PropDelegate4Desc;
+class PropDelegateDcDA;
+class PropICCPModel;
+class UnitTagsModel;
+class qolMouseFilter;
+
+// The four names that a data set holds without a variable behind them.
+extern QStringList set1DS;
+// Work stack of host handles for the walks through tag folders.
+extern std::vector<void*> Stack1;
+void Fillset1DS();
+// Runs f on the data set list of the VCC, then on that of each ICC in order.
+void ForEachDataSetList(const std::function<void(StringList&)>& f);
+
+class CfgArvenSR : public QDialog, public Ui_DArvenCfg {
+    Q_OBJECT
+public:
+    explicit CfgArvenSR(QWidget* parent);
+
+    QMainWindow* wMain = nullptr;     // holds the menu bar, tool bar and status bar
+    qolMouseFilter* Filter = nullptr; // the last key filter made
+    QMap<QString, QString> IniMap;
+    StringList* ImageList = nullptr; // pixmaps (QPixmap*) by key
+    QStringList XmlList;             // lines of the XML or CSV in work
+    void* CurUnit = nullptr;         // the unit being edited
+    bool FirstShow = false;
+    IEDTreeModel* pTreeIedModel = nullptr;
+    int IedCol0 = 0, IedCol1 = 0; // widths of the tVIed columns
+    UnitTagsModel* pTagsModel = nullptr;
+    PropDelegateDcDA* pDelegDcDA = nullptr;
+    PropDelegate4Desc* pDelegDesc = nullptr;
+    PropICCPModel* pPropIccp = nullptr;
+    QMenuBar* mainBar = nullptr;
+    QToolBar* toolBar = nullptr;
+    QStatusBar* statusBar = nullptr;
+    QMenu* FileMenu = nullptr;
+    QMenu* EditMenu = nullptr;
+    QMenu* InfoMenu = nullptr;
+    QMenu* TagsMenu = nullptr;      // built, on no bar
+    QAction* actOpenFile = nullptr; // "Создать файл -- описатель BilateralTable"
+    QAction* actSaveIed = nullptr;  // "Сохранить BilateralTable в файл"
+    QAction* actUpDTTP = nullptr;   // "Обновить DataTypeTemplate", invisible
+    QAction* actDelOb = nullptr;    // "Удалить Объект"
+    QAction* actAddVar = nullptr;   // "Добавить переменную"
+    QAction* actAdd2DS = nullptr;   // "Добавить объект в DataSet"
+    QAction* actValTags = nullptr;  // "Корректность тегов"
+    QAction* actReservDS = nullptr; // "DataSet&TransSet"
+    QAction* actModeRecv = nullptr; // the four tag modes, 0 to 3
+    QAction* actModePass = nullptr;
+    QAction* actModeCtrlRecv = nullptr;
+    QAction* actModeCtrlPass = nullptr;
+    QAction* actUserTypes = nullptr; // "Пользовательские данные"
+    QAction* actDelTags = nullptr;   // context menu of tVTags
+    QAction* actCreateFolg = nullptr;
+    QAction* actFindTree = nullptr;
+    QAction* actShowType = nullptr; // context menu of tVIed
+    QAction* actFindInTag = nullptr;
+    QAction* actUnBind = nullptr; // "Снять флаг соответствия тегам", inert
+    QAction* actDelFromDS = nullptr; // actions of lWInfo_2
+    QAction* actMoveOb = nullptr;
+    int TagMode = 0; // tag kind shown in tVTags, 0 to 3
+    QActionGroup* ModeGroup = nullptr;
+    QMenu* MenuIed = nullptr;
+    QMenu* MenuTags = nullptr;
+    int WinState = 0;               // last Qt::WindowStates value
+    int NormW = 0, NormH = 0;       // size in the normal state
+    StringList ReserveList;         // data sets without transfer sets
+    QPoint NormPos;                 // position in the normal state
+    StringList* pListTag = nullptr; // tags by tag_id
+    QObject* TekWdg = nullptr;      // the last list or tree that took the focus
+    QObject* FocusWidget = nullptr; // the last of the four named trees
+
+    // Construction.
+    void ConcludeConstructor();
+    void lW_iedsInit();
+    void SetEAena();
+    void FillImageList1();
+    // The icon of an image list key; null for a key that isn't there.
+    QIcon ImageIcon(const std::string& key) const;
+
+    // The road of one run (see the plug-in's entry).
+    void ResetFrm();
+    void UpdAfterLoad(void* unit);
+
+    // Model load and save.
+    int loadFromTemplate();
+    int LoadFile(const QString& path, QString& error);
+    void ParseToTree(TiXmlDocument& document);
+    void TekVCC2XMLList();
+    void Write2CFG(void* unit);
+    void Write2SCLFile(QStringList& lines, QString& path);
+    void ClearICCP();
+    void ClearNodeByStr(QString text);
+    void ClearDS();
+    void GetElemByFolder(int kind, QList<void*>& list);
+
+    // Data set list.
+    void UpDateFullDSList();
+
+    // Window settings.
+    void LoadSettings();
+    void SaveSettings();
+    void LoadDefSize();
+    void LoadSettingsTVIED();
+    void SaveSettingsTVIED();
+
+signals:
+    void sigShowStat(QString text);
+
+public slots:
+    void OnLoadFile();
+    void OnSaveIed();
+    void OnUpDTTP();
+    // "Пользовательские данные" of the tags menu: no work behind it.
+    void OnShowUserTypes();
+    // Kept from older routes of the form; no control is connected to them.
+    void OnShowSCL();
+    void UpdateUnit();
+    void OntVTagsContMenu(const QPoint& pos);
+    void OnContMenuVIed(const QPoint& pos);
+    void slotShowStat(QString text);
+    void onFilterAct(QObject* ob);
+    void onFilterOb(QObject* ob, int n);
+    void onItemSelectionChanged();
+
+protected:
+    bool event(QEvent* e) override;
+    void showEvent(QShowEvent* e) override;
+    void closeEvent(QCloseEvent* e) override;
+    void keyPressEvent(QKeyEvent* e) override;
+
+private:
+    void CreateMenuFile();
+    void FillInfoAct();
+    void SetTagsManipulate();
+    void CreateSomeMenu();
+    void FillEditAct();
+    // Puts the blob text on the unit; tells on the status bar when the host
+    // refuses it.
+    void PutBlob(void* unit, const QByteArray& bytes);
+    // Rows of lWInfo for every data set, the VCC's first, then each ICC's.
+    void FillDSList();
+};

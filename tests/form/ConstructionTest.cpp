@@ -1,0 +1,292 @@
+// The form as built: bars, menus and their actions, context menus, icons,
+// view settings, the key and focus filter, and the enabled states that the
+// tree's current row gives the context menu.
+#include "FormFixture.h"
+
+#include "form/CfgIecArven.h"
+#include "form/qolMouseFilter.h"
+#include "plugin/CfgIecArvenlib.h"
+#include "views/SomeModelsIED.h"
+
+#include <QActionGroup>
+#include <QBitmap>
+#include <QDir>
+#include <QFocusEvent>
+#include <QHeaderView>
+#include <QImage>
+#include <QKeyEvent>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QPixmap>
+#include <QSignalSpy>
+#include <QToolBar>
+
+namespace {
+
+// Texts of a list of actions, "-" for a separator.
+QStringList Texts(const QList<QAction*>& actions) {
+    QStringList out;
+    for (QAction* a : actions)
+        out << (a->isSeparator() ? QString("-") : a->text());
+    return out;
+}
+
+// Whether the filter of the view takes the key.
+bool TakesKey(QWidget* view, int key, Qt::KeyboardModifiers modifiers) {
+    auto filter = view->findChild<qolMouseFilter*>();
+    QKeyEvent e(QEvent::KeyPress, key, modifiers);
+    return filter && filter->eventFilter(view, &e);
+}
+
+} // namespace
+
+class FormBuilt : public FormTest {
+protected:
+    void SetUp() override {
+        FormTest::SetUp();
+        OpenForm(p.unit2);
+        ASSERT_NE(FCfgArvenSR, nullptr);
+        f = FCfgArvenSR;
+    }
+    CfgArvenSR* f = nullptr;
+};
+
+TEST_F(FormBuilt, BarsMenusAndActions) {
+    EXPECT_EQ(f->objectName(), "DArvenCfg");
+    EXPECT_EQ(f->wMain->centralWidget(), f->splitter1);
+    EXPECT_EQ(f->mainBar, f->wMain->menuBar());
+    EXPECT_EQ(f->statusBar, f->wMain->statusBar());
+    EXPECT_EQ(f->wMain->toolBarArea(f->toolBar), Qt::TopToolBarArea);
+    EXPECT_EQ(Texts(f->mainBar->actions()), QStringList({"Файл", "Редактирование", "Инфо"}));
+    EXPECT_EQ(Texts(f->FileMenu->actions()),
+              QStringList({"Создать файл -- описатель BilateralTable",
+                           "Сохранить BilateralTable в файл", "Обновить DataTypeTemplate"}));
+    EXPECT_EQ(f->actOpenFile->toolTip(), "Создать файл -- описатель BilateralTable");
+    EXPECT_FALSE(f->actUpDTTP->isVisible());
+    EXPECT_EQ(Texts(f->EditMenu->actions()),
+              QStringList({"Удалить Объект", "Добавить переменную", "Добавить объект в DataSet"}));
+    EXPECT_EQ(Texts(f->InfoMenu->actions()),
+              QStringList({"-", "Корректность тегов", "DataSet&TransSet"}));
+    // "Теги" is built, on no bar.
+    EXPECT_EQ(
+        Texts(f->TagsMenu->actions()),
+        QStringList({"Принимаемые значения", "Передаваемые значения", "Принимаемое управление",
+                     "Передаваемое управление", "-", "Пользовательские данные"}));
+    EXPECT_FALSE(f->mainBar->actions().contains(f->TagsMenu->menuAction()));
+    EXPECT_EQ(
+        Texts(f->toolBar->actions()),
+        QStringList({"Создать файл -- описатель BilateralTable", "Сохранить BilateralTable в файл",
+                     "Обновить DataTypeTemplate", "Принимаемые значения", "Передаваемые значения",
+                     "Принимаемое управление", "Передаваемое управление", "Удалить Объект", "-",
+                     "Добавить переменную", "Добавить объект в DataSet"}));
+
+    // The four modes: one exclusive group, the control modes disabled.
+    EXPECT_TRUE(f->ModeGroup->isExclusive());
+    EXPECT_EQ(f->ModeGroup->actions().size(), 4);
+    for (QAction* a : f->ModeGroup->actions()) {
+        EXPECT_TRUE(a->isCheckable());
+        EXPECT_FALSE(a->icon().isNull());
+    }
+    EXPECT_TRUE(f->actModeRecv->isChecked());
+    EXPECT_TRUE(f->actModePass->isEnabled());
+    EXPECT_FALSE(f->actModeCtrlRecv->isEnabled());
+    EXPECT_FALSE(f->actModeCtrlPass->isEnabled());
+    for (QAction* a :
+         {f->actOpenFile, f->actSaveIed, f->actUpDTTP, f->actDelOb, f->actAddVar, f->actAdd2DS})
+        EXPECT_FALSE(a->icon().isNull()) << a->text().toStdString();
+
+    // Context menus.
+    EXPECT_EQ(Texts(f->MenuIed->actions()),
+              QStringList({"-", "-", "-", "Тип объекта", "Найти в тегах",
+                           "Добавить объект в DataSet", "Удалить Объект"}));
+    EXPECT_EQ(Texts(f->MenuTags->actions()),
+              QStringList({"Удалить теги(папки)", "Создать папку", "Найти в дереве устройства"}));
+    EXPECT_EQ(Texts(f->lWInfo_2->actions()),
+              QStringList({"Удалить объект из DataSet", "Переместить объект(ы) "}));
+    EXPECT_EQ(f->lWInfo_2->contextMenuPolicy(), Qt::ActionsContextMenu);
+    EXPECT_EQ(f->tVTags->contextMenuPolicy(), Qt::CustomContextMenu);
+    EXPECT_EQ(f->tVIed->contextMenuPolicy(), Qt::CustomContextMenu);
+    EXPECT_EQ(f->actUnBind->text(), "Снять флаг соответствия тегам");
+    EXPECT_TRUE(f->actUnBind->associatedWidgets().isEmpty());
+
+    // The file commands ask for their files (the dialog trims the blanks of
+    // the filters); the statement named as the slot of "Снять флаг
+    // соответствия тегам" does nothing.
+    const QString start = QDir(dir.path()).dirName();
+    OpenForm(p.unit2, [&](CfgArvenSR* form) {
+        form->actOpenFile->trigger();
+        form->actSaveIed->trigger();
+        form->actUpDTTP->trigger();
+        form->actUserTypes->trigger();
+        form->pTreeIedModel->FlagBindTag = true;
+        form->actUnBind->trigger();
+        EXPECT_TRUE(form->pTreeIedModel->FlagBindTag);
+    });
+    EXPECT_EQ(fileDialogs, QStringList({"Загрузка файла|*.xml;;*.blt;;*.*|" + start,
+                                        "Сохранение описания устройства|*.blt;;*.*|" + start,
+                                        "Выбор нового файла с DTTP|*.xml;;*.blt|" + start}));
+    EXPECT_EQ(boxes.count(), 0);
+}
+
+TEST_F(FormBuilt, ImageListAndViews) {
+    ASSERT_NE(f->ImageList, nullptr);
+    EXPECT_EQ(f->ImageList->Count, 36);
+    for (int i = 0; i < f->ImageList->Count; ++i) {
+        auto pixmap = static_cast<QPixmap*>(f->ImageList->Objects(i));
+        ASSERT_NE(pixmap, nullptr);
+        EXPECT_FALSE(pixmap->isNull()) << f->ImageList->Strings(i);
+        EXPECT_TRUE(pixmap->width() == 16 || pixmap->width() == 24) << f->ImageList->Strings(i);
+    }
+    EXPECT_FALSE(f->ImageIcon("CtrlSource").isNull());
+    EXPECT_TRUE(f->ImageIcon("CtrlSource2").isNull());
+    // The bitmap's white ground is masked out; its case is not.
+    auto green = static_cast<QPixmap*>(f->ImageList->Objects(f->ImageList->IndexOf("Ied16Green")));
+    const QImage image = green->toImage();
+    EXPECT_EQ(qAlpha(image.pixel(0, 0)), 0);
+    EXPECT_EQ(qAlpha(image.pixel(8, 8)), 255);
+
+    EXPECT_TRUE(f->tVprop->isHidden());
+    EXPECT_EQ(f->label->font().pointSize(), 10);
+    for (QTreeView* view : {f->tVIed, f->tVProp, f->tVTags, f->tVprop})
+        EXPECT_EQ(view->header()->styleSheet(),
+                  "QHeaderView::section{background-color: lightgrey;}");
+    for (QTreeView* view : {f->tVIed, f->tVprop, f->tVProp})
+        EXPECT_TRUE(view->styleSheet().startsWith("*::item{    border-top-width: 0px;"));
+    EXPECT_TRUE(f->tVTags->styleSheet().isEmpty());
+    EXPECT_EQ(f->tVIed->selectionMode(), QAbstractItemView::ExtendedSelection);
+    EXPECT_EQ(f->tVIed->dragDropMode(), QAbstractItemView::DragOnly);
+    EXPECT_TRUE(f->tVIed->dragEnabled());
+    EXPECT_EQ(f->lWInfo_2->selectionMode(), QAbstractItemView::ExtendedSelection);
+    EXPECT_EQ(f->tVTags->selectionMode(), QAbstractItemView::ExtendedSelection);
+    EXPECT_TRUE(f->tVTags->isSortingEnabled());
+    EXPECT_EQ(f->tVIed->itemDelegate(), reinterpret_cast<QAbstractItemDelegate*>(f->pDelegDesc));
+    EXPECT_EQ(f->tVprop->itemDelegate(), reinterpret_cast<QAbstractItemDelegate*>(f->pDelegDcDA));
+    // One filter on each tree view and on the member list.
+    for (QTreeView* view : f->findChildren<QTreeView*>())
+        EXPECT_EQ(view->findChildren<qolMouseFilter*>().size(), 1);
+    EXPECT_EQ(f->lWInfo_2->findChildren<qolMouseFilter*>().size(), 1);
+    EXPECT_EQ(f->Filter, f->lWInfo_2->findChild<qolMouseFilter*>());
+    EXPECT_EQ(f->lW_ieds->maximumHeight(), 40);
+    EXPECT_EQ(f->tabWidget->widget(1)->children().size(), 0);
+}
+
+TEST_F(FormBuilt, KeyAndFocusFilter) {
+    // Delete, or X with Control alone, is taken by every filtered view.
+    for (QWidget* view : {static_cast<QWidget*>(f->tVProp), static_cast<QWidget*>(f->tVprop),
+                          static_cast<QWidget*>(f->tVIed), static_cast<QWidget*>(f->tVTags),
+                          static_cast<QWidget*>(f->lWInfo_2)}) {
+        EXPECT_TRUE(TakesKey(view, Qt::Key_Delete, Qt::NoModifier));
+        EXPECT_TRUE(TakesKey(view, Qt::Key_X, Qt::ControlModifier));
+        EXPECT_FALSE(TakesKey(view, Qt::Key_X, Qt::ControlModifier | Qt::ShiftModifier));
+        EXPECT_FALSE(TakesKey(view, Qt::Key_X, Qt::NoModifier));
+        EXPECT_FALSE(TakesKey(view, Qt::Key_Backspace, Qt::NoModifier));
+    }
+
+    // Focus: a list or tree becomes the one in work; the four named trees
+    // report themselves once, and tVIed enables "Добавить переменную".
+    f->FocusWidget = nullptr;
+    f->actAddVar->setEnabled(false);
+    auto filter = f->tVIed->findChild<qolMouseFilter*>();
+    QSignalSpy captured(filter, SIGNAL(CapOb(QObject*, int)));
+    QFocusEvent in(QEvent::FocusIn);
+    EXPECT_FALSE(filter->eventFilter(f->tVIed, &in));
+    EXPECT_EQ(f->TekWdg, f->tVIed);
+    EXPECT_EQ(f->FocusWidget, f->tVIed);
+    EXPECT_TRUE(f->actAddVar->isEnabled());
+    ASSERT_EQ(captured.size(), 1);
+    EXPECT_EQ(captured[0][1].toInt(), 2);
+    filter->eventFilter(f->tVIed, &in);
+    EXPECT_EQ(captured.size(), 1);
+
+    f->actAddVar->setEnabled(false);
+    auto listFilter = f->lWInfo_2->findChild<qolMouseFilter*>();
+    QSignalSpy listCaptured(listFilter, SIGNAL(CapOb(QObject*, int)));
+    listFilter->eventFilter(f->lWInfo_2, &in);
+    EXPECT_EQ(f->TekWdg, f->lWInfo_2);
+    EXPECT_EQ(f->FocusWidget, f->tVIed);
+    EXPECT_EQ(listCaptured.size(), 0);
+    EXPECT_FALSE(f->actAddVar->isEnabled());
+
+    auto propFilter = f->tVprop->findChild<qolMouseFilter*>();
+    QSignalSpy propCaptured(propFilter, SIGNAL(CapOb(QObject*, int)));
+    propFilter->eventFilter(f->tVprop, &in);
+    ASSERT_EQ(propCaptured.size(), 1);
+    EXPECT_EQ(propCaptured[0][1].toInt(), 3);
+    EXPECT_EQ(f->FocusWidget, f->tVprop);
+}
+
+TEST_F(FormBuilt, ContextMenuFollowsTheCurrentRow) {
+    struct State {
+        bool add2DS, delFromDS, showType, delOb, findInTag;
+    };
+    auto state = [this] {
+        return State{f->actAdd2DS->isEnabled(), f->actDelFromDS->isEnabled(),
+                     f->actShowType->isEnabled(), f->actDelOb->isEnabled(),
+                     f->actFindInTag->isEnabled()};
+    };
+    OpenForm(p.unit2, [&](CfgArvenSR* form) {
+        QAbstractItemModel* tree = form->tVIed->model();
+        ASSERT_NE(tree, nullptr);
+        const QModelIndex vcc = tree->index(0, 0);
+        const QModelIndex version = tree->index(0, 0, tree->index(1, 0, vcc));
+        ASSERT_EQ(version.data().toString(), "TASE2_Version");
+
+        // No row: everything off.
+        form->tVIed->setCurrentIndex(QModelIndex());
+        form->SetEAena();
+        State s = state();
+        EXPECT_FALSE(s.add2DS || s.delFromDS || s.showType || s.delOb || s.findInTag);
+
+        // A variable: the variable's commands on, the rest as it was.
+        form->tVIed->setCurrentIndex(version);
+        form->SetEAena();
+        s = state();
+        EXPECT_TRUE(s.add2DS && s.delFromDS && s.showType && s.delOb);
+        EXPECT_FALSE(s.findInTag);
+
+        // Another object: only deleting.
+        form->actFindInTag->setEnabled(true);
+        form->tVIed->setCurrentIndex(vcc);
+        form->SetEAena();
+        s = state();
+        EXPECT_FALSE(s.add2DS || s.delFromDS || s.showType);
+        EXPECT_TRUE(s.delOb && s.findInTag);
+
+        // A folder row carries no object.
+        form->tVIed->setCurrentIndex(tree->index(1, 0, vcc));
+        form->SetEAena();
+        s = state();
+        EXPECT_FALSE(s.add2DS || s.delOb || s.findInTag);
+
+        // The unbinding entry follows the tag check flag.
+        form->OnContMenuVIed(QPoint(1, 1));
+        EXPECT_FALSE(form->actUnBind->isEnabled());
+        EXPECT_TRUE(form->MenuIed->isVisible());
+        form->MenuIed->hide();
+        form->pTreeIedModel->FlagBindTag = true;
+        form->OnContMenuVIed(QPoint(1, 1));
+        EXPECT_TRUE(form->actUnBind->isEnabled());
+        form->MenuIed->hide();
+    });
+}
+
+TEST_F(FormBuilt, StandardMembersLoseSelectionOnceSelected) {
+    QListWidget* list = f->lWInfo_2;
+    const Qt::ItemFlags editable = Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemIsEnabled;
+    auto fill = [&](int rows) {
+        list->clear();
+        for (int i = 0; i < rows; ++i)
+            (new QListWidgetItem(QString::number(i), list))->setFlags(editable);
+    };
+    fill(4);
+    list->item(3)->setSelected(true);
+    EXPECT_EQ(list->item(3)->flags(), editable);
+
+    fill(6);
+    list->item(1)->setSelected(true);
+    list->item(5)->setSelected(true);
+    EXPECT_EQ(list->item(1)->flags(), editable);
+    EXPECT_EQ(list->item(5)->flags(), Qt::ItemIsEnabled);
+    EXPECT_EQ(list->item(4)->flags(), editable);
+    list->clear();
+}

@@ -337,11 +337,16 @@ void SetbTypeList(StringList* list) {
 }
 
 void AddVarNodes(StringList& list, myNode* node, bool byCast) {
+    // Each new row goes right after the one added before it: the same chain
+    // as appending to the children, without walking it for every variable.
+    myNode* last = nullptr;
     for (int i = 0; i < list.Count; ++i) {
         DcICCPBase* o = ListOb(list, i);
         if (!o || o->Service)
             continue;
-        myNode* child = node->AddChild(list.Strings(i), o);
+        myNode* child =
+            last ? last->AddAsSibling(list.Strings(i), o) : node->AddChild(list.Strings(i), o);
+        last = child;
         if (!child)
             continue;
         if (byCast ? o->IsStruct() : o->ClassName() == "DcDO") {

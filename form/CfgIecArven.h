@@ -13,7 +13,6 @@
 
 #include <QDialog>
 #include <QIcon>
-#include <QMap>
 #include <QPoint>
 #include <QString>
 #include <QStringList>
@@ -54,10 +53,9 @@ public:
 
     QMainWindow* wMain = nullptr;     // holds the menu bar, tool bar and status bar
     qolMouseFilter* Filter = nullptr; // the last key filter made
-    QMap<QString, QString> IniMap;
-    StringList* ImageList = nullptr; // pixmaps (QPixmap*) by key
-    QStringList XmlList;             // lines of the XML or CSV in work
-    void* CurUnit = nullptr;         // the unit being edited
+    StringList* ImageList = nullptr;  // pixmaps (QPixmap*) by key
+    QStringList XmlList;              // lines of the XML or CSV in work
+    void* CurUnit = nullptr;          // the unit being edited
     bool FirstShow = false;
     IEDTreeModel* pTreeIedModel = nullptr;
     int IedCol0 = 0, IedCol1 = 0; // widths of the tVIed columns

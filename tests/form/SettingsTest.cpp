@@ -137,7 +137,7 @@ TEST_F(FormSettings, NoNormalSizeKnownWritesNone) {
     });
 }
 
-TEST_F(FormSettings, SplitterGroups) {
+TEST_F(FormSettings, GroupHelpers) {
     QSettings s(IniPath(), QSettings::IniFormat);
     s.setValue("sp/Width", 300);
     s.setValue("sp/Height", 100);
@@ -166,4 +166,16 @@ TEST_F(FormSettings, SplitterGroups) {
     EXPECT_EQ(other.sizes(), got);
     SplitFromIni(s, "none", &other);
     EXPECT_EQ(other.sizes(), got);
+
+    // The other groups: a widget's geometry, a text map split at its first
+    // "=" and trimmed.
+    QLabel widget, back;
+    widget.setGeometry(5, 6, 70, 80);
+    Wdg2Ini(s, "w", &widget);
+    WdgFromIni(s, "w", &back);
+    EXPECT_EQ(back.geometry(), QRect(5, 6, 70, 80));
+    QMap<QString, QString> map{{"a", "x=y"}, {"b ", " v "}}, read{{"stale", "1"}};
+    QMap_QStrQStr2Ini(s, "m", map);
+    QMap_QStrQStrFromIni(s, "m", read);
+    EXPECT_EQ(read, (QMap<QString, QString>{{"a", "x=y"}, {"b", "v"}}));
 }

@@ -5,10 +5,25 @@
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
 #include "plugin/CfgIecArvenlib.h"
+#include "support/myNode.h"
+#include "views/PropModel.h"
 #include "views/SomeModelsIED.h"
 
 #include <QFile>
+#include <QIcon>
+#include <QImage>
 #include <QStatusBar>
+
+namespace {
+
+QStringList ChildTexts(const QAbstractItemModel* model, const QModelIndex& parent) {
+    QStringList out;
+    for (int row = 0; row < model->rowCount(parent); ++row)
+        out << model->index(row, 0, parent).data().toString();
+    return out;
+}
+
+} // namespace
 
 using FormRoad = FormTest;
 
@@ -37,10 +52,38 @@ TEST_F(FormRoad, UnitWithoutTagsWritesTheTemplateModel) {
     EXPECT_EQ(boxes.count(), 0);
 }
 
+TEST_F(FormRoad, TheViewsShowTheModel) {
+    OpenForm(p.unit2, [](CfgArvenSR* f) {
+        QAbstractItemModel* tree = f->tVIed->model();
+        ASSERT_NE(tree, nullptr);
+        EXPECT_EQ(tree->headerData(0, Qt::Horizontal).toString(), "Сервер ICCP");
+        EXPECT_EQ(tree->headerData(1, Qt::Horizontal).toString(), "Описание переменных");
+        const QModelIndex vcc = tree->index(0, 0);
+        EXPECT_EQ(ChildTexts(tree, QModelIndex()), QStringList("VCC_1"));
+        EXPECT_EQ(ChildTexts(tree, vcc), QStringList({"Наборы данных (DataSets)", "Переменные",
+                                                      "Inter Control Center's (ICC)"}));
+        const QModelIndex icc = tree->index(0, 0, tree->index(2, 0, vcc));
+        EXPECT_EQ(ChildTexts(tree, icc), QStringList({"Next_DSTransfer_Set", "Transfer_Sets",
+                                                      "Наборы данных (DataSets)", "Переменные"}));
+        // The icons are the form's pictures.
+        const QImage vccIcon = vcc.data(Qt::DecorationRole).value<QIcon>().pixmap(16).toImage();
+        EXPECT_EQ(
+            vccIcon.convertToFormat(QImage::Format_ARGB32),
+            f->ImageIcon("VCC_10").pixmap(16).toImage().convertToFormat(QImage::Format_ARGB32));
+        // The data sets, the VCC's first; no set chosen, no members.
+        ASSERT_EQ(f->lWInfo->count(), 2);
+        EXPECT_EQ(f->lWInfo->item(0)->text(), "DataSet_1");
+        EXPECT_EQ(f->lWInfo->item(0)->data(Qt::UserRole).value<void*>(), ListOb(pVCC->DataSets, 0));
+        EXPECT_EQ(f->lWInfo->item(1)->text(), "ICC_1/DataSet_1");
+        EXPECT_EQ(f->lWInfo_2->count(), 0);
+    });
+}
+
 TEST_F(FormRoad, LaterCallsReuseTheForm) {
     OpenForm(p.unit2);
     CfgArvenSR* form = FCfgArvenSR;
     ASSERT_NE(form, nullptr);
+    form->pPropIccp->setRootNode(new myNode("shown", nullptr));
     // The owner's first unit: the same form, the unit's row current.
     EXPECT_EQ(OpenForm(p.unit,
                        [&](CfgArvenSR* f) {
@@ -55,6 +98,7 @@ TEST_F(FormRoad, LaterCallsReuseTheForm) {
     EXPECT_TRUE(shown);
     EXPECT_EQ(OldRecvUnit, p.unit2);
     EXPECT_EQ(form->CurUnit, p.unit);
+    EXPECT_EQ(form->pPropIccp->rootNode, nullptr);
     EXPECT_TRUE(Datarun(p.unit).startsWith("<?xml version = \"1.0\" ?>\n"));
     EXPECT_TRUE(Datarun(p.unit).endsWith("</DcTemplate>\n</DcTree>\n</xsd:schema>"));
 

@@ -3,6 +3,7 @@
 #include "form/CfgIecArven.h"
 
 #include "model/ICCPTypes_Nat.h"
+#include "model/XmlText.h"
 #include "plugin/CfgIecArvenlib.h"
 #include "plugin/cfgCalls.h"
 #include "support/myNode.h"
@@ -49,7 +50,7 @@ int CfgArvenSR::loadFromTemplate() {
     if (file.open(QIODevice::ReadOnly))
         Filecont = file.readAll();
     TiXmlDocument document;
-    document.Parse(Filecont.constData(), nullptr, TIXML_ENCODING_UTF8);
+    ParseXmlText(document, Filecont.constData(), TIXML_ENCODING_UTF8);
     if (document.Error())
         return 1;
     ParseToTree(document);
@@ -106,7 +107,7 @@ int CfgArvenSR::LoadFile(const QString& path, QString& error) {
     const QString text = QString::fromUtf8(Filecont.constData());
     Filecont = text.toLocal8Bit();
     TiXmlDocument document;
-    if (!document.LoadFile(path.toLocal8Bit().constData())) {
+    if (!LoadXmlFile(document, path)) {
         error = "failed load tinyxml:" + text;
         return 1;
     }
@@ -143,7 +144,7 @@ void CfgArvenSR::OnUpDTTP() {
     if (file.open(QIODevice::ReadOnly))
         Filecont = file.readAll();
     TiXmlDocument document;
-    document.Parse(Filecont.constData(), nullptr, TIXML_ENCODING_UTF8);
+    ParseXmlText(document, Filecont.constData(), TIXML_ENCODING_UTF8);
     if (document.Error()) {
         QMessageBox::information(this, "Предупреждение", "Ошибка разбора XML");
         return;

@@ -9,6 +9,7 @@
 #include <tinyxml.h>
 
 #include "model/ICCPTypes_Nat.h"
+#include "model/XmlText.h"
 #include "support/myNode.h"
 
 // The type tables are sorted and upper-cased once per process, as the form's
@@ -34,16 +35,6 @@ inline std::string ReadWholeFile(const QString& path) {
     return file.readAll().toStdString();
 }
 
-// The text up to its first zero byte, followed by zero bytes enough for
-// TinyXML: its UTF-8 reader steps over a whole multibyte character at once,
-// so a lead byte just before the end would carry it past a single terminator
-// into whatever memory follows.
-inline std::string ParseSafeText(const std::string& text) {
-    std::string safe(text.c_str());
-    safe.append(4, '\0');
-    return safe;
-}
-
 // Parses text as UTF-8 and reads it into pDcDTTP and pVCC, then validates the
 // templates, completes the structures, binds the data sets and fills the
 // tree, whose root is returned in *tree (null when the text holds no DcVCC).
@@ -51,7 +42,7 @@ inline std::string ParseSafeText(const std::string& text) {
 inline bool ReadModelText(const std::string& text, myNode** tree) {
     *tree = nullptr;
     TiXmlDocument doc;
-    doc.Parse(ParseSafeText(text).c_str(), nullptr, TIXML_ENCODING_UTF8);
+    ParseXmlText(doc, text.c_str(), TIXML_ENCODING_UTF8);
     if (doc.Error())
         return false;
     FindAndRakeDTTPFromStr(&doc, &pDcDTTP);

@@ -31,6 +31,7 @@ class QMenuBar;
 class QStatusBar;
 class QToolBar;
 class TiXmlDocument;
+class DcICCPBase;
 class IEDTreeModel;
 class PropDelegate4Desc;
 class PropDelegateDcDA;
@@ -136,6 +137,9 @@ public:
     void LoadDefSize();
     void LoadSettingsTVIED();
     void SaveSettingsTVIED();
+
+    // Variables from tags.
+    DcICCPBase* CreateNewVarSimple(void* tag, int& isDO, int reservedArg);
 
 signals:
     void sigShowStat(QString text);

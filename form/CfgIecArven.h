@@ -141,6 +141,23 @@ public:
     // Variables from tags.
     DcICCPBase* CreateNewVarSimple(void* tag, int& isDO, int reservedArg);
 
+    // Navigation between the panes and searches in their models.
+    void ViewTags(void* unit);
+    void RepaintTags();
+    // The host object's properties in tVProp; null takes the model away.
+    void SetPropModel(void* ob);
+    void SetIsTagV(QModelIndex index);
+    // Refills lWInfo and leaves the member list as it stands.
+    void ResetInfoDS();
+    // The first row whose UserRole is ob, searched from start (or the top)
+    // through the whole tree; tells the user when there is none.
+    QModelIndex FindByPVOID(void* ob, QAbstractItemModel* model, QModelIndex start);
+    QModelIndex FindByRole(QVariant& value, int role, QAbstractItemModel* model, QModelIndex start);
+    // The first row showing name, from start, in silence.
+    QModelIndex FindInTreeByLongName(QModelIndex start, std::string name);
+    // Always invalid.
+    QModelIndex FindNode(QString text);
+
 signals:
     void sigShowStat(QString text);
 
@@ -159,6 +176,19 @@ public slots:
     void onFilterAct(QObject* ob);
     void onFilterOb(QObject* ob, int n);
     void onItemSelectionChanged();
+
+    // Navigation between the panes.
+    void OnlW_UnitClicked(QListWidgetItem* item);
+    void OntVTagsClick(const QModelIndex& index);
+    void OntVIedClicked(const QModelIndex& index);
+    void SetTagModeView(QAction* action);
+    void OncurrentItemChangedDS(QListWidgetItem* current, QListWidgetItem* previous);
+    void OnItemDoubleClicked(QListWidgetItem* item);
+    void slotShowType();
+    // A property of the host object node was edited.
+    void OnExtUpd(void* node);
+    // A drop on the member list: the dragged variables join the current set.
+    void slotOnRecvData();
 
 protected:
     bool event(QEvent* e) override;

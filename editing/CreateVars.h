@@ -12,3 +12,14 @@ class myNode;
 
 // defname of a DcDAType or DcDOType; empty for anything else.
 std::string GetDefFromType(DcICCPBase* type);
+
+// Display trees of variables for the value view; the model is not touched.
+// One child of root per entry of list; structures are opened below their
+// rows and bit strings get one row per bit.
+void List2Tree(myNode* root, StringList* list);
+// The members of the DcDO of node, as List2Tree makes them.
+void AddSubTree(myNode* node);
+// The members of the DcDO of node; each DcDA as DcDAtoTree makes it.
+void DcDO2Tree(myNode* node);
+// A row for the variable, under it a row "value", under that its bits.
+myNode* DcDAtoTree(DcDA* var);

@@ -3,12 +3,20 @@
 // "isinDataSet" names.
 #include "editing/CreateVars.h"
 
+#include "dialogs/AddVar.h"
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
+#include "plugin/CfgIecArvenlib.h"
+#include "plugin/HostWall.h"
 #include "plugin/cfgCalls.h"
 #include "support/myNode.h"
 #include "tags/TagBinding.h"
+#include "views/ProxyModel4TagsModel.h"
+#include "views/SomeModelsIED.h"
+#include "views/UnitTagsModel.h"
 
+#include <QComboBox>
+#include <QListView>
 #include <QMessageBox>
 
 std::string GetDefFromType(DcICCPBase* type) {
@@ -133,6 +141,16 @@ static void AddBitNodes(myNode* node, DcDA* var) {
     }
 }
 
+QModelIndex ChildRowByText(QAbstractItemModel* model, const QModelIndex& parent,
+                           const QString& text) {
+    for (int row = 0; row < model->rowCount(parent); ++row) {
+        const QModelIndex child = model->index(row, 0, parent);
+        if (child.data(Qt::DisplayRole).toString() == text)
+            return child;
+    }
+    return QModelIndex();
+}
+
 static DcICCPBase* NodeObject(myNode* node) {
     return node ? static_cast<DcICCPBase*>(node->object) : nullptr;
 }
@@ -183,4 +201,170 @@ myNode* DcDAtoTree(DcDA* var) {
     if (myNode* value = node->AddChild("value", var))
         AddBitNodes(value, var);
     return node;
+}
+
+void CfgArvenSR::Prepare4AddVar(int quantity) {
+    GetVarFrm* dialog = NeedGetVarFrm();
+    dialog->setWhatsThis(QString());
+    dialog->ui.lEName->clear();
+    dialog->ui.sBCount->setValue(quantity);
+    if (pDcDTTP) {
+        QListView* view = dialog->ui.listVAD;
+        view->setModel(nullptr);
+        dialog->pListTypes->FillTypes(pDcDTTP);
+        view->setModel(dialog->pListTypes);
+    }
+    QComboBox* dataSets = dialog->ui.cBDataSet;
+    dataSets->clear();
+    dataSets->addItem("NoDataSet");
+    for (int k = 1; k <= ICCdata.maxDS; ++k)
+        dataSets->addItem("DataSet" + QString::number(k));
+    dataSets->setCurrentIndex(1);
+    // The index of an entry is the number written to the tag.
+    QComboBox* where = dialog->ui.cBWhere;
+    where->clear();
+    if (pVCC) {
+        where->addItem(LocalToQ(pVCC->name));
+        for (int i = 0; i < pVCC->ICCs.Count; ++i)
+            where->addItem(LocalToQ(pVCC->ICCs.Strings(i)));
+    }
+    where->setCurrentIndex(1);
+}
+
+// The tag folder that takes new tags from the current row of tVTags, and the
+// tag model's index of the rows beneath it.
+static void* TargetTagFolder(CfgArvenSR* form, QModelIndex& parent) {
+    QModelIndex current = form->tVTags->currentIndex();
+    if (auto proxy = qobject_cast<ProxyModel4TagsModel*>(form->tVTags->model()))
+        current = proxy->mapToSource(current);
+    if (!current.isValid()) {
+        parent = QModelIndex();
+        return form->pTagsModel->rootNode();
+    }
+    void* object = form->pTagsModel->nodeFromIndex(current);
+    if (cfgObType(object) < cotFolderSource) {
+        parent = current.parent();
+        return cfgObOwner(object);
+    }
+    parent = current;
+    return object;
+}
+
+void CfgArvenSR::OnAddVar() {
+    GetVarFrm* dialog = NeedGetVarFrm();
+    Prepare4AddVar(1);
+    dialog->SelType = nullptr;
+    if (!pVCC || !pDcDTTP || !pTagsModel)
+        return;
+    for (;;) {
+        if (dialog->exec() != QDialog::Accepted || !dialog->SelType)
+            return;
+        const std::string entered = dialog->ui.lEName->text().toLocal8Bit().toStdString();
+        const int quantity = dialog->ui.sBCount->value();
+        const int where = dialog->ui.cBWhere->currentIndex();
+        const int dataSet = dialog->ui.cBDataSet->currentIndex();
+
+        DcICCPBase* owner = where == 0 ? pVCC : ListOb(pVCC->ICCs, where - 1);
+        StringList* names = nullptr;
+        if (owner && owner->ClassName() == "DcVCC")
+            names = &static_cast<DcVCC*>(owner)->Vars;
+        else if (owner && owner->ClassName() == "DcLD")
+            names = &static_cast<DcLD*>(owner)->Vars;
+        if (!names) {
+            QMessageBox::information(this, "Ошибка", "Ошибка в определении источника");
+            return;
+        }
+
+        QModelIndex parent;
+        void* folder = TargetTagFolder(this, parent);
+        const int typeIndex = pDcDTTP->TypeList.indexOf(dialog->SelType);
+        if (typeIndex < 0)
+            return;
+        const std::string name = entered.empty() ? GetDefFromType(dialog->SelType) : entered;
+
+        const int first = pTagsModel->rowCount(parent);
+        pTagsModel->beginInsertRows(parent, first, first + quantity - 1);
+        QList<void*> batch;
+        bool clash = false;
+        for (int i = 0; i < quantity && !clash; ++i) {
+            const int number = cfgObFreeNumber(folder, TagMode);
+            void* tag = cfgObCreate(folder, TagMode, number, "Arvons");
+            if (!tag)
+                continue;
+            if (!name.empty())
+                SetStr2PropOb(tag, "tag_name", QString::fromLocal8Bit(name.c_str()));
+            SetIntProp(tag, "tag_type", typeIndex);
+            SetIntProp(tag, "domain", where);
+            SetIntProp(tag, "isinDataSet", dataSet);
+            // The test takes the name and number without "_", as it always
+            // has: distinct tag numbers are what keeps the names apart.
+            if (names->IndexOf(name + std::to_string(number)) >= 0) {
+                QMessageBox::information(this, "Ошибка", "Нарушена уникальность имен");
+                clash = true;
+            } else {
+                batch.append(tag);
+            }
+        }
+        pTagsModel->endInsertRows();
+        // After a clash the tags made so far stay without variables and the
+        // dialog comes back for a fresh batch.
+        if (clash)
+            continue;
+        if (auto proxy = qobject_cast<ProxyModel4TagsModel*>(tVTags->model()))
+            proxy->UpdateData(pTagsModel->index(first, 0, parent),
+                              pTagsModel->index(first + quantity - 1, 0, parent));
+        for (void* tag : batch) {
+            int isDO = 0;
+            DcICCPBase* var = CreateNewVarSimple(tag, isDO, -1);
+            Tags2TaseTree(QList<void*>{tag}, isDO, var);
+        }
+        return;
+    }
+}
+
+bool CfgArvenSR::CreateInTree(QString base, int first, int count, DcICCPBase* host,
+                              DcICCPBase* type, StringList& out) {
+    StringList* names = nullptr;
+    if (auto vcc = qobject_cast<DcVCC*>(host))
+        names = &vcc->Vars;
+    else if (auto icc = qobject_cast<DcLD*>(host))
+        names = &icc->Vars;
+    if (!names)
+        return false;
+    const std::string prefix = base.toLocal8Bit().toStdString();
+    for (int i = first; i < first + count; ++i) {
+        const std::string name = prefix + std::to_string(i);
+        if (names->IndexOf(name) >= 0) {
+            QMessageBox::information(this, "Ошибка", "Нарушена уникальность имен");
+            return false;
+        }
+        out.AddString(name);
+    }
+    DcICCPBase* chosen = FGetVarFrm ? FGetVarFrm->SelType : nullptr;
+    for (int i = 0; i < out.Count; ++i) {
+        const std::string name = out.Strings(i);
+        myNode* node;
+        if (auto daType = qobject_cast<DcDAType*>(type)) {
+            node = new myNode(name, new DcDA(name, daType, host));
+        } else if (qobject_cast<DcDOType*>(chosen)) {
+            auto var = new DcDO(name, qobject_cast<DcDOType*>(type), host);
+            node = new myNode(name, var);
+            var->FillmyNode(node);
+        } else {
+            return false;
+        }
+        out.AddObjToString(node, i);
+    }
+    if (!pTreeIedModel)
+        return true;
+    const QModelIndexList hosts = pTreeIedModel->match(
+        pTreeIedModel->index(0, 0), Qt::UserRole, QVariant::fromValue(static_cast<void*>(host)), 1,
+        Qt::MatchRecursive | Qt::MatchWrap);
+    if (hosts.isEmpty())
+        return true;
+    const QModelIndex folder = ChildRowByText(pTreeIedModel, hosts.first(), "Переменные");
+    tVprop->setModel(nullptr);
+    if (folder.isValid())
+        pTreeIedModel->AddVarmNode(folder, 0, &out, names);
+    return true;
 }

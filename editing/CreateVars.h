@@ -3,8 +3,11 @@
 // into variables are declared with the form.
 #pragma once
 
+#include <QModelIndex>
+#include <QString>
 #include <string>
 
+class QAbstractItemModel;
 class DcDA;
 class DcICCPBase;
 class StringList;
@@ -23,3 +26,7 @@ void AddSubTree(myNode* node);
 void DcDO2Tree(myNode* node);
 // A row for the variable, under it a row "value", under that its bits.
 myNode* DcDAtoTree(DcDA* var);
+
+// The first child row of parent showing text; invalid when there is none.
+QModelIndex ChildRowByText(QAbstractItemModel* model, const QModelIndex& parent,
+                           const QString& text);

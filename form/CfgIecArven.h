@@ -140,6 +140,12 @@ public:
 
     // Variables from tags.
     DcICCPBase* CreateNewVarSimple(void* tag, int& isDO, int reservedArg);
+    // Fills the add-variable dialog for quantity variables.
+    void Prepare4AddVar(int quantity);
+    // Variables base + first ... with rows under the host's "Переменные";
+    // kept from an older route, nothing calls it.
+    bool CreateInTree(QString base, int first, int count, DcICCPBase* host, DcICCPBase* type,
+                      StringList& out);
 
     // Navigation between the panes and searches in their models.
     void ViewTags(void* unit);
@@ -189,6 +195,9 @@ public slots:
     void OnExtUpd(void* node);
     // A drop on the member list: the dragged variables join the current set.
     void slotOnRecvData();
+
+    // Creating variables and containers.
+    void OnAddVar();
 
 protected:
     bool event(QEvent* e) override;

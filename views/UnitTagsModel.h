@@ -9,6 +9,9 @@
 
 class DcICCPBase;
 
+// The host's tag type of a variable: that of its value for a "DcDA", else 0.
+int TagTypeOf(DcICCPBase* var);
+
 class UnitTagsModel : public QAbstractItemModel {
     Q_OBJECT
 public:
@@ -55,6 +58,14 @@ public:
     void DeleteTag(void* tag);
     // Deletes the object of a row in the host, removing the row around it.
     void DeleteNode(const QModelIndex& index, void* ob);
+
+    // The form's tag commands change the host and announce it here.
+    using QAbstractItemModel::beginInsertRows;
+    using QAbstractItemModel::beginRemoveRows;
+    using QAbstractItemModel::endInsertRows;
+    using QAbstractItemModel::beginResetModel;
+    using QAbstractItemModel::endRemoveRows;
+    using QAbstractItemModel::endResetModel;
 
 private:
     int colCount = 1;

@@ -146,6 +146,13 @@ public:
     // kept from an older route, nothing calls it.
     bool CreateInTree(QString base, int first, int count, DcICCPBase* host, DcICCPBase* type,
                       StringList& out);
+    // The object of the current row of tVIed; null for none or a folder.
+    DcICCPBase* GetObFromtVIed();
+    // A new ICC with its row and folder rows.
+    void BornLD(std::string name);
+    // Grows the data sets of the VCC and the data and transfer sets of each
+    // ICC to maxDS.
+    void AdDs();
 
     // Navigation between the panes and searches in their models.
     void ViewTags(void* unit);
@@ -198,6 +205,9 @@ public slots:
 
     // Creating variables and containers.
     void OnAddVar();
+    // Kept without a control: an ICC by name, a data set that no list takes.
+    void OnAddLD();
+    void OnAddDS();
 
 protected:
     bool event(QEvent* e) override;

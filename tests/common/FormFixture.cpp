@@ -1,6 +1,5 @@
-#include "FormFixture.h"
+#include "common/FormFixture.h"
 
-#include "form/CfgIecArven.h"
 #include "plugin/CfgIecArvenlib.h"
 
 #include <QDir>
@@ -46,15 +45,16 @@ void* FormTest::OpenForm(void* unit, const std::function<void(CfgArvenSR*)>& ste
     // The step runs from a timer of its own: a dialog that it opens needs
     // the recorder's timer free to answer it.
     boxes.setDialogHandler([&](QWidget* w) {
-        if (!FCfgArvenSR || w != FCfgArvenSR)
+        // The form is known by its class: this helper sees it as a widget only.
+        if (!FCfgArvenSR || !w->inherits("CfgArvenSR"))
             return AnswerFileDialog(w);
         if (!started) {
             started = true;
-            QTimer::singleShot(0, [&] {
-                shown = FCfgArvenSR->isVisible();
+            QTimer::singleShot(0, [&, w] {
+                shown = w->isVisible();
                 if (step)
                     step(FCfgArvenSR);
-                FCfgArvenSR->close();
+                w->close();
             });
         }
         return true;

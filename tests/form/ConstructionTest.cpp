@@ -1,7 +1,7 @@
 // The form as built: bars, menus and their actions, context menus, icons,
 // view settings, the key and focus filter, and the enabled states that the
 // tree's current row gives the context menu.
-#include "FormFixture.h"
+#include "common/FormFixture.h"
 
 #include "form/CfgIecArven.h"
 #include "form/qolMouseFilter.h"

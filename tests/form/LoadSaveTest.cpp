@@ -1,5 +1,5 @@
 // The file commands, the clearing steps of a load and the tag walk.
-#include "FormFixture.h"
+#include "common/FormFixture.h"
 
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"

@@ -1,6 +1,6 @@
 // The whole road of a run: the entry, the form shown and closed, the model
 // written into "$DATARUN"; and later calls that reuse the form.
-#include "FormFixture.h"
+#include "common/FormFixture.h"
 
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"

@@ -1,6 +1,6 @@
 // The window settings file: defaults on a first run, what a close writes,
 // what a show reads back, and the normal geometry kept while maximised.
-#include "FormFixture.h"
+#include "common/FormFixture.h"
 
 #include "form/CfgIecArven.h"
 #include "form/FormSettings.h"

@@ -1,0 +1,208 @@
+// The add-variable dialog over the template's types: the type lists and the
+// "Еще" button, the preview of a type, the inputs and what accept leaves.
+#include <QApplication>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include "common/MessageBoxRecorder.h"
+#include "common/TestApp.h"
+#include "dialogs/AddVar.h"
+#include "views/PropModel.h"
+#include "xml/ModelRoad.h"
+
+namespace {
+
+QStringList Texts(const QAbstractItemModel* model, const QModelIndex& parent = QModelIndex()) {
+    QStringList texts;
+    for (int r = 0; model && r < model->rowCount(parent); ++r)
+        texts << model->index(r, 0, parent).data().toString();
+    return texts;
+}
+
+class AddVarTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        PrepareModelTables();
+        myNode* tree = nullptr;
+        ASSERT_TRUE(ReadModelText(ReadWholeFile(":/Templ"), &tree));
+        tree->DeleteSubTree();
+        Fill(pDcDTTP);
+    }
+    void TearDown() override {
+        myNode* none = nullptr;
+        ClearModel(none);
+    }
+    // The type list refilled with the model off its view, as the form does.
+    void Fill(DcDTTP* dttp) {
+        dlg.ui.listVAD->setModel(nullptr);
+        dlg.pListTypes->FillTypes(dttp);
+        dlg.ui.listVAD->setModel(dlg.pListTypes);
+    }
+    void ClickType(const QString& type) {
+        const QModelIndexList hit = dlg.pListTypes->match(
+            dlg.pListTypes->index(0, 0), Qt::DisplayRole, type, 1, Qt::MatchExactly);
+        ASSERT_EQ(hit.size(), 1) << type.toStdString();
+        dlg.OnlistVADcliked(hit[0]);
+    }
+
+    QApplication* app = EnsureApp(); // before the dialog
+    GetVarFrm dlg{nullptr};
+};
+
+} // namespace
+
+TEST_F(AddVarTest, TypeListAndItsSecondPart) {
+    ListTypesModel& list = *dlg.pListTypes;
+    EXPECT_EQ(dlg.windowTitle(), "Добавление переменной");
+    EXPECT_EQ(Texts(&list), (QStringList{"Data_DiscreteQTimeTag", "Data_RealQTimeTag"}));
+    EXPECT_EQ(list.index(1, 0).data(Qt::UserRole).value<void*>(),
+              pDcDTTP->FindType("Data_RealQTimeTag"));
+    EXPECT_EQ(int(list.flags(list.index(0, 0))), 51);
+    EXPECT_EQ(list.SecondList.Count, pDcDTTP->Types.Count - 2);
+
+    dlg.ui.tBut->click();
+    EXPECT_EQ(dlg.ui.tBut->text(), "Свернуть");
+    EXPECT_EQ(dlg.ui.tBut->arrowType(), Qt::UpArrow);
+    const QStringList all = Texts(&list);
+    ASSERT_EQ(all.size(), 40); // three types of the text stand in a comment
+    EXPECT_EQ(all.mid(0, 5), (QStringList{"Data_DiscreteQTimeTag", "Data_RealQTimeTag",
+                                          "Data_DiscreteQTimeTagExtended",
+                                          "Data_RealQTimeTagExtended", "Data_Real"}));
+    EXPECT_EQ(all.last(), "TASE2Version");
+
+    // A refill keeps the button's state over the short list; the next click
+    // has nothing to take away, the one after shows all again.
+    Fill(pDcDTTP);
+    EXPECT_EQ(dlg.ui.tBut->text(), "Свернуть");
+    dlg.ui.tBut->click();
+    EXPECT_EQ(dlg.ui.tBut->text(), "Еще");
+    EXPECT_EQ(dlg.ui.tBut->arrowType(), Qt::DownArrow);
+    EXPECT_EQ(list.rowCount(), 2);
+    dlg.ui.tBut->click();
+    dlg.ui.tBut->click();
+    EXPECT_EQ(list.rowCount(), 2);
+    EXPECT_EQ(list.index(0, 0).data(Qt::UserRole).value<void*>(),
+              pDcDTTP->FindType("Data_DiscreteQTimeTag"));
+}
+
+TEST_F(AddVarTest, TemplatesWithoutThePrimaryTypes) {
+    DcDTTP few;
+    auto* bool_ = new DcDAType(&few);
+    bool_->type = "BOOL";
+    few.Types.AddObject("BOOL", bool_);
+    Fill(&few);
+    EXPECT_EQ(dlg.pListTypes->rowCount(), 0);
+    dlg.ui.tBut->click(); // no first row: nothing is shown
+    EXPECT_EQ(dlg.pListTypes->rowCount(), 0);
+    dlg.ui.tBut->click();
+
+    auto* real = new DcDOType(&few);
+    real->type = "Data_RealQTimeTag";
+    few.Types.AddObject(real->type, real);
+    Fill(&few);
+    EXPECT_EQ(Texts(dlg.pListTypes), QStringList{"Data_RealQTimeTag"});
+    dlg.ui.tBut->click();
+    EXPECT_EQ(Texts(dlg.pListTypes), (QStringList{"Data_RealQTimeTag", "BOOL"}));
+    // Past the end: empty text and the list's null object.
+    EXPECT_EQ(dlg.pListTypes->data(dlg.pListTypes->index(0, 0).sibling(5, 0)), QVariant());
+    Fill(nullptr);
+}
+
+TEST_F(AddVarTest, ClickedTypeShowsItsStructureOrComment) {
+    // The members of a type read before their own types were dropped.
+    ClickType("Data_RealQTimeTag");
+    EXPECT_EQ(dlg.ui.lEName->text(), "RealQT");
+    ASSERT_EQ(dlg.ui.tVStruct->model(), dlg.pModel4Add);
+    EXPECT_EQ(dlg.pModel4Add->rowCount(), 0);
+
+    dlg.ui.tBut->click();
+    ClickType("Data_State_SupplementalQTimeTagExtended");
+    EXPECT_EQ(dlg.SelType, pDcDTTP->FindType("Data_State_SupplementalQTimeTagExtended"));
+    EXPECT_EQ(dlg.ui.lEName->text(), "Data_State_SuppQTTagEx");
+    const QAbstractItemModel* tree = dlg.ui.tVStruct->model();
+    ASSERT_EQ(tree, dlg.pModel4Add);
+    EXPECT_EQ(Texts(tree), (QStringList{"Value", "TimeStamp", "Flags"}));
+    EXPECT_EQ(tree->index(0, 1).data().toString(), "Data_StateSupplemental");
+    EXPECT_EQ(tree->index(1, 1).data().toString(), "Data_TimeStampExtended");
+    EXPECT_EQ(Texts(tree, tree->index(1, 0)), (QStringList{"GMTBasedS", "Milliseconds"}));
+    EXPECT_EQ(dlg.ui.lW->count(), 0);
+
+    ClickType("Data_Real");
+    EXPECT_NE(dlg.ui.tVStruct->model(), dlg.pModel4Add);
+    ASSERT_EQ(dlg.ui.lW->count(), 1);
+    EXPECT_EQ(dlg.ui.lW->item(0)->text(), "floating-point: { format-width 32, exponent-width 8 }");
+    EXPECT_EQ(dlg.ui.lEName->text(), "Real");
+
+    GetDcDAType("INT16")->defname.clear();
+    ClickType("INT16");
+    EXPECT_EQ(dlg.ui.lEName->text(), "INT16_1");
+    EXPECT_EQ(dlg.ui.lW->item(0)->text(), "");
+}
+
+TEST_F(AddVarTest, InputsAndWhatAcceptLeaves) {
+    auto state = [](QLineEdit* edit, QString text) {
+        int pos = 0;
+        return edit->validator()->validate(text, pos);
+    };
+    EXPECT_EQ(state(dlg.ui.lEName, "a1"), QValidator::Acceptable);
+    EXPECT_EQ(state(dlg.ui.lEName, "1a"), QValidator::Invalid);
+    EXPECT_EQ(state(dlg.ui.lEName, "A_-"), QValidator::Invalid);
+    EXPECT_EQ(state(dlg.ui.lEStart, "120"), QValidator::Acceptable);
+    EXPECT_EQ(state(dlg.ui.lEStart, "-1"), QValidator::Invalid);
+    EXPECT_EQ(dlg.ui.sBCount->minimum(), 1);
+    EXPECT_EQ(dlg.ui.sBCount->maximum(), 999);
+
+    QTest::keyClicks(dlg.ui.lEName, "1a");
+    EXPECT_EQ(dlg.ui.lEName->text(), "a");
+    dlg.ui.buttonBox->button(QDialogButtonBox::Ok)->click();
+    EXPECT_EQ(dlg.result(), QDialog::Accepted);
+    EXPECT_EQ(dlg.ui.lEName->text(), "a"); // Ok doesn't ask the validator
+    EXPECT_EQ(dlg.SelType, nullptr);
+    dlg.ui.buttonBox->button(QDialogButtonBox::Cancel)->click();
+    EXPECT_EQ(dlg.result(), QDialog::Rejected);
+    EXPECT_EQ(NeedGetVarFrm(), FGetVarFrm);
+    EXPECT_EQ(NeedGetVarFrm(), FGetVarFrm);
+}
+
+TEST_F(AddVarTest, PlacesAndTheNextNumber) {
+    dlg.FillWhere(pVCC);
+    ASSERT_EQ(dlg.ui.lW->count(), 2);
+    QListWidgetItem* icc = dlg.ui.lW->item(1);
+    EXPECT_EQ(icc->text(), "ICC_1");
+    EXPECT_EQ(int(icc->flags()), 35);
+    DcLD* ld = qobject_cast<DcLD*>(ListOb(pVCC->ICCs, 0));
+
+    MessageBoxRecorder boxes;
+    dlg.onlWClicked(icc);
+    ASSERT_EQ(boxes.count(), 1);
+    EXPECT_EQ(boxes.boxes()[0].title, "Предупреждение");
+    EXPECT_EQ(boxes.boxes()[0].text, "Заполните базовое имя");
+
+    dlg.ui.lEName->setText("Var_");
+    dlg.onlWClicked(icc);
+    EXPECT_EQ(dlg.ui.lEStart->text(), "2");
+    for (const char* name : {"Var_3", "xVar_12", "Var_", "Other_40", "Var_-9"})
+        ld->Vars.AddObject(name, nullptr);
+    dlg.onlWClicked(icc);
+    EXPECT_EQ(dlg.ui.lEStart->text(), "13");
+    EXPECT_EQ(dlg.pNames, &ld->Vars);
+    dlg.onlWClicked(nullptr);
+    EXPECT_EQ(dlg.pNames, nullptr);
+    EXPECT_EQ(boxes.count(), 1);
+    ld->Vars.Clear();
+}
+
+TEST_F(AddVarTest, ObjectTreeModel) {
+    Tase2VarModel& tree = dlg.VarModel;
+    tree.setRootNode(pDcDTTP);
+    EXPECT_EQ(tree.rowCount(), 40);
+    EXPECT_EQ(tree.index(4, 0).data().toString(), "Data_Real");
+    tree.setRootNode(pDcDTTP->FindType("Data_State_SupplementalQTimeTagExtended"));
+    // A DcDA member shows its name, a DcDO member no text.
+    EXPECT_EQ(Texts(&tree), (QStringList{"Value", "", "Flags"}));
+    EXPECT_EQ(tree.index(0, 0).data(Qt::UserRole).value<void*>(),
+              ListOb(static_cast<DcDOType*>(tree.pRoot)->Members, 0));
+    EXPECT_FALSE(tree.parent(tree.index(0, 0)).isValid());
+}

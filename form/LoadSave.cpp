@@ -16,6 +16,7 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QRegularExpression>
+#include <QSet>
 #include <QStatusBar>
 #include <QTextCodec>
 #include <QTextStream>
@@ -289,6 +290,9 @@ void CfgArvenSR::ClearDS() {
 }
 
 void CfgArvenSR::GetElemByFolder(int kind, QList<void*>& list) {
+    // The set answers "already listed?" for the list, which may come in
+    // filled by earlier kinds.
+    QSet<void*> listed(list.begin(), list.end());
     while (!Stack1.empty()) {
         void* ob = Stack1.back();
         Stack1.pop_back();
@@ -296,8 +300,10 @@ void CfgArvenSR::GetElemByFolder(int kind, QList<void*>& list) {
             if (cfgObType(folder) == kind + 8)
                 Stack1.push_back(folder);
         for (void* tag : GetChildren(ob, kind))
-            if (cfgObType(tag) == kind && !list.contains(tag))
+            if (cfgObType(tag) == kind && !listed.contains(tag)) {
+                listed.insert(tag);
                 list.append(tag);
+            }
     }
 }
 

@@ -78,6 +78,11 @@ void CfgArvenSR::UpdAfterLoad(void*) {
     }
     ClearNodeByStr("Переменные");
     ClearDS();
+    CheckLD();
+    CorrectQuanDS();
+    ResetInfoDS();
+    CreateNewVar(tags);
+    CreateNewNodeInTree();
     tVIed->setModel(pTreeIedModel);
     if (!tVIed->isVisible())
         tVIed->setVisible(true);

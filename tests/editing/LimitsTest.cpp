@@ -1,0 +1,71 @@
+// The limits of the unit as they reach the open form, and the twin's row
+// value of a tag.
+#include "common/FormFixture.h"
+
+#include "form/CfgIecArven.h"
+#include "model/ICCPTypes_Nat.h"
+#include "plugin/CfgIecArvenlib.h"
+#include "support/myNode.h"
+#include "tags/Limits.h"
+#include "views/SomeModelsIED.h"
+
+#include <memory>
+
+using Limits = FormTest;
+
+TEST_F(Limits, MaxICCOnlyGrows) {
+    OpenForm(p.unit2, [this](CfgArvenSR* f) {
+        EXPECT_TRUE(f->ChangemaxICC(3, 2));
+        EXPECT_EQ(ICCdata.maxICC, 3);
+        ASSERT_EQ(pVCC->ICCs.Count, 3);
+        EXPECT_EQ(pVCC->ICCs.Strings(2), "ICC_3");
+        const QModelIndex folder = f->pTreeIedModel->index(2, 0, f->pTreeIedModel->index(0, 0));
+        EXPECT_EQ(f->pTreeIedModel->rowCount(folder), 3);
+        EXPECT_EQ(boxes.count(), 0);
+
+        EXPECT_FALSE(f->ChangemaxICC(2, 3));
+        EXPECT_FALSE(f->ChangemaxICC(1, 0));
+        EXPECT_EQ(ICCdata.maxICC, 3);
+        ASSERT_EQ(boxes.count(), 2);
+        EXPECT_EQ(boxes.boxes()[0].title, "информация");
+        EXPECT_EQ(boxes.boxes()[0].text, "Следует операцию выполить на основной форме");
+    });
+}
+
+TEST_F(Limits, MaxDSTakesAnyValue) {
+    p.unit2->set("maxDS", 4);
+    OpenForm(p.unit2, [](CfgArvenSR* f) {
+        EXPECT_TRUE(f->ChangemaxDS(1, 4));
+        EXPECT_EQ(ICCdata.maxDS, 1);
+        EXPECT_EQ(static_cast<DcLD*>(pVCC->ICCs.Objects(0))->DataSets.Count, 4);
+    });
+}
+
+TEST_F(Limits, PropertyRoute) {
+    OpenForm(p.unit2, [this](CfgArvenSR* f) {
+        // Unparsable, or equal to what the form holds: nothing at all.
+        f->UpdLimitProp(p.unit2, "maxICC", "x", "1");
+        f->UpdLimitProp(p.unit2, "maxICC", "1", "5");
+        EXPECT_EQ(boxes.count(), 0);
+        // A refused value goes back to the unit as an int.
+        p.unit2->set("maxICC", 0);
+        f->UpdLimitProp(p.unit2, "maxICC", "0", "1");
+        EXPECT_EQ(boxes.count(), 1);
+        EXPECT_EQ(p.unit2->get("maxICC"), QVariant(1));
+        f->UpdLimitProp(p.unit2, "maxICC", "2", "1");
+        EXPECT_EQ(pVCC->ICCs.Count, 2);
+        f->UpdLimitProp(p.unit2, "tag_name", "2", "1");
+        EXPECT_EQ(pVCC->ICCs.Count, 2);
+    });
+}
+
+TEST_F(Limits, TwinRowValueNeedsAnIntSBO) {
+    p.tagReal->set("presentSBO", 1);
+    std::unique_ptr<myNodeValue> twin(NewNode4SBO(p.tagReal, "Freq_1"));
+    ASSERT_NE(twin, nullptr);
+    EXPECT_EQ(twin->name, "Freq_1_SBO");
+    EXPECT_EQ(twin->object, p.tagReal);
+    p.tagReal->set("presentSBO", 0);
+    EXPECT_EQ(NewNode4SBO(p.tagReal, "Freq_1"), nullptr);
+    EXPECT_EQ(NewNode4SBO(p.tagState, "Q1_1"), nullptr);
+}

@@ -171,6 +171,23 @@ public:
     // Always invalid.
     QModelIndex FindNode(QString text);
 
+    // Consistency pass on load, the guarded additions of containers and the
+    // unit's limits.
+    void CheckLD();
+    void CorrectQuanDS();
+    void CreateNewNodeInTree();
+    // One variable per tag, in the list's order, up to a null entry.
+    void CreateNewVar(QList<void*>& tags);
+    int CheckAndSetDataSet(void* container, std::string name);
+    int CheckAndSetTrans(void* container, std::string name);
+    int CheckAndSetNextTrans(void* container);
+    bool ChangemaxICC(int newValue, int oldValue);
+    bool ChangemaxDS(int newValue, int oldValue);
+    // A limit edited in the property tree: key "maxICC" or "maxDS", the new
+    // and the old text; a refused value goes back to the unit ob.
+    void UpdLimitProp(void* ob, const char* key, const QString& newText, const QString& oldText);
+    void CreateICC(int number);
+
 signals:
     void sigShowStat(QString text);
 

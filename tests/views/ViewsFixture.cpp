@@ -52,13 +52,6 @@ DcICCPBase* ObjectOf(const QModelIndex& index) {
     return static_cast<DcICCPBase*>(index.data(Qt::UserRole).value<void*>());
 }
 
-QStringList ChildTexts(const QAbstractItemModel& model, const QModelIndex& parent) {
-    QStringList texts;
-    for (int r = 0; r < model.rowCount(parent); ++r)
-        texts << model.index(r, 0, parent).data().toString();
-    return texts;
-}
-
 QModelIndex FindRow(const QAbstractItemModel& model, const QStringList& path, int column) {
     QModelIndex row;
     for (const QString& text : path) {

@@ -7,6 +7,7 @@
 #include <QStringList>
 #include <gtest/gtest.h>
 
+#include "common/ItemTexts.h"
 #include "model/ICCPTypes_Nat.h"
 #include "support/myNode.h"
 #include "views/SomeModelsIED.h"
@@ -29,8 +30,6 @@ protected:
 
 // The row's object through role 256, in any model.
 DcICCPBase* ObjectOf(const QModelIndex& index);
-// Display texts of the children of parent, in any model.
-QStringList ChildTexts(const QAbstractItemModel& model, const QModelIndex& parent);
 // The row of model found by display texts from parent down, in that column.
 QModelIndex FindRow(const QAbstractItemModel& model, const QStringList& path, int column = 0);
 // The same picture as the resource.

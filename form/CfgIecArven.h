@@ -188,6 +188,28 @@ public:
     void UpdLimitProp(void* ob, const char* key, const QString& newText, const QString& oldText);
     void CreateICC(int number);
 
+    // Tag folders and tags of the unit.
+    void DeleteTagOrFolder(void* ob);
+    void DeleteFromTagFolder(void* folder);
+    void DeleteFromTag(void* tag);
+    void DeleteVarFromtIED(void* tag);
+    // An edited property of a tag or of the unit, as key, new and old text
+    // (keys of enumerations already), applied to the model.
+    void ApplyTagProp(const QString& newValue, const QString& oldValue, void* ob, const char* key);
+    // Adds the tags below unit that have a key to pListTag, keeping the
+    // highest number after "Noname" in maxNoname; the list's size.
+    int FillListBTag(void* unit, int& maxNoname);
+    // Binding of tags and variables.
+    bool TagValid4Bind();
+    bool IedObValid4Bind();
+    void BindDAandTag(class DcDA*& var, void*& tag);
+    void FreeTag(std::string key);
+    // The number of free tags among the rows; 0 when one is bound.
+    int CheckValid4NewICCP(QList<QModelIndex>& tags);
+    bool CreateInTreeTags(QList<QModelIndex>& tags, StringList& vars);
+    // A row in the tree for a variable made from the tags.
+    void Tags2TaseTree(QList<void*> tags, int isDO, DcICCPBase* var);
+
 signals:
     void sigShowStat(QString text);
 
@@ -219,6 +241,23 @@ public slots:
     void OnExtUpd(void* node);
     // A drop on the member list: the dragged variables join the current set.
     void slotOnRecvData();
+
+    // Tag folders and tags of the unit.
+    void OnCreateFolg();
+    void OnCreateTag();
+    void OnCreateTagInFld();
+    void OnDelOb();
+    void OnDelTag();
+    void OnDelTags();
+    // Deletes the selected rows of tVTags after a question.
+    void DelFromtVTags();
+    // Deletes the selected rows of tVTags at once.
+    void DeleteFromtVTags();
+    // Binding of tags and variables.
+    void OnBindTag();
+    void OnCreateVarICCP();
+    void slotFindinTag();
+    void OnFindTree();
 
     // Creating variables and containers.
     void OnAddVar();

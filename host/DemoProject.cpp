@@ -104,7 +104,7 @@ void MainUnitTags(Builder& b, HostObject* unit) {
             {"Суммарное потребление", "P_load", RealQ, 1, 1, 0, ""},
             {"Сальдо перетоков", "P_saldo", RealQTimeTag, 1, 1, 0, "ICC_1/P_saldo_22"},
             {"Частота в энергосистеме", "F_sys", Real, 2, 1, 0, ""},
-            {"Резерв мощности", "P_res", RealQ, 2, 0, 0, ""}});
+            {"Резерв мощности", "P_res", RealQ, 2, 0, 0, "Empty"}});
     HostObject* dcSignals = b.folder(dc, cotFolderPass, "Телесигналы ДЦ");
     b.tags(dcSignals, cotPass,
            {{"Режим работы энергосистемы", "Mode", StateQ, 1, 2, 0, ""},
@@ -131,7 +131,7 @@ void MainUnitTags(Builder& b, HostObject* unit) {
     b.tags(pa, cotControlPass,
            {{"Команда отключения нагрузки, очередь 1", "OLoad1", ControlCommand, 2, 0, 0, ""},
             {"Команда отключения нагрузки, очередь 2", "OLoad2", ControlCommand, 2, 0, 0, ""},
-            {"Ступень разгрузки", "Step", DiscreteSetPoint, 2, 0, 0, ""}});
+            {"Ступень разгрузки", "Step", DiscreteSetPoint, 2, 0, 0, "Noname1"}});
 }
 
 void ReserveUnitTags(Builder& b, HostObject* unit) {

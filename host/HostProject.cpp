@@ -172,4 +172,5 @@ void HostProject::failParam(const QByteArray& name, int ops) {
 void HostProject::clearFaults() {
     m_failSlots.clear();
     m_failParams.clear();
+    m_mixedLists = false;
 }

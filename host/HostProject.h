@@ -53,6 +53,10 @@ public:
     void failSlot(int slot, bool fail = true);
     void failParam(const QByteArray& name, int ops = FailAll);
     void clearFaults();
+    // With `mixed` set, cfgObChildList stores every child, whatever kind was
+    // asked for, as a careless host would.
+    void mixChildLists(bool mixed) { m_mixedLists = mixed; }
+    bool mixedChildLists() const { return m_mixedLists; }
     bool slotFails(int slot) const { return m_failSlots.contains(slot); }
     bool paramFails(const QByteArray& name, FaultOp op) const {
         return m_failParams.value(name) & op;
@@ -68,4 +72,5 @@ private:
     QSet<int> m_failSlots;
     QHash<QByteArray, int> m_failParams;
     QHash<int, int> m_calls;
+    bool m_mixedLists = false;
 };

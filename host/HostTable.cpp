@@ -146,7 +146,8 @@ int hostObChildList(void* ob, int kind, void** list, int capacity) {
     if (!o || !list || capacity <= 0)
         return 0;
     int stored = 0;
-    for (HostObject* child : o->children(kind)) {
+    const bool mixed = o->project()->mixedChildLists();
+    for (HostObject* child : mixed ? o->children() : o->children(kind)) {
         if (stored == capacity)
             break;
         list[stored++] = child;

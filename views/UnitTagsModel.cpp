@@ -76,15 +76,14 @@ struct TagSearch {
     }
 };
 
-// The host's tag type of a variable: that of its value for a "DcDA", else 0.
+} // namespace
+
 int TagTypeOf(DcICCPBase* var) {
     if (!var || var->ClassName() != "DcDA")
         return 0;
     const MyBufValue* value = static_cast<DcDA*>(var)->Value;
     return value ? value->bTypeToRdx() : 0;
 }
-
-} // namespace
 
 UnitTagsModel::UnitTagsModel(QObject* parent) : QAbstractItemModel(parent) {}
 

@@ -1,0 +1,112 @@
+// Binding keys, the tag record and its default name, the jumps between the
+// views, and the tag commands against a host that misbehaves.
+#include "TagsFixture.h"
+
+#include "form/CfgIecArven.h"
+#include "model/ICCPTypes_Nat.h"
+#include "plugin/CfgIecArvenlib.h"
+#include "tags/TagBinding.h"
+#include "views/SomeModelsIED.h"
+#include "views/UnitTagsModel.h"
+
+#include <QStatusBar>
+
+TEST_F(TagsTest, TagDataNamesANamelessTagOnce) {
+    HostObject* nameless = p.addTag(p.folder[0], cotSource, "", 0, 1, 2, "Без имени");
+    HostObject* badType = p.addTag(p.folder[0], cotSource, "", 9999, 0, 0, "");
+    OpenForm(p.unit, [&](CfgArvenSR*) {
+        const TagData data = GetTagData(nameless);
+        EXPECT_EQ(data.tag_name, "DiscQT");
+        EXPECT_EQ(data.domain, 1);
+        EXPECT_EQ(data.isinDataSet, 2);
+        EXPECT_EQ(data.caption, "Без имени");
+        EXPECT_EQ(GetTagData(badType).tag_name, "");
+        p.host.failParam("tag_name", HostProject::FailRead);
+        EXPECT_EQ(GetNamewNumberByTag(p.tagReal), "");
+        EXPECT_EQ(GetTagData(p.tagReal).tag_name, "");
+        p.host.clearFaults();
+        EXPECT_EQ(GetNamewNumberByTag(p.tagReal),
+                  "Freq_" + std::to_string(p.tagReal->get("number").toInt()));
+    });
+    EXPECT_EQ(nameless->get("tag_name").toByteArray(), "DiscQT");
+    EXPECT_EQ(badType->get("tag_name").toByteArray(), "");
+}
+
+TEST_F(TagsTest, BindKeysAndFindAcrossViews) {
+    HostObject* second = p.addTag(p.folder[0], cotSource, "Other", 4, 0, 0, "");
+    const QByteArray stateKey = "ICC_1/Q1_" + p.tagState->get("number").toByteArray();
+    p.tagReal->set("tag_id", QByteArray("Noname12"));
+    second->set("tag_id", QByteArray("xEmptyx"));
+    p.tagPass->set("tag_id", QByteArray("NONAME40"));
+    p.tagState->set("tag_id", stateKey);
+    OpenForm(p.unit, [&](CfgArvenSR* form) {
+        ShowTags(form, 0, p.folder[0]);
+        QList<QModelIndex> rows = {TagRow(form, p.tagReal), TagRow(form, second)};
+        EXPECT_EQ(form->CheckValid4NewICCP(rows), 2);
+        rows << TagRow(form, p.tagState);
+        EXPECT_EQ(form->CheckValid4NewICCP(rows), 0);
+
+        int maxNoname = 3;
+        EXPECT_EQ(form->FillListBTag(p.unit, maxNoname), 4);
+        EXPECT_EQ(maxNoname, 12);
+        form->pListTag->Clear();
+
+        // A folder, then a structure, are refused; a DA binds once.
+        QModelIndex row;
+        int domain = 0;
+        std::string name;
+        DcICCPBase* state = GetObTreeIedByTag(p.tagState, row, domain, name);
+        ASSERT_NE(state, nullptr);
+        EXPECT_EQ(form->tVIed->currentIndex(), row);
+        form->tVTags->setCurrentIndex(TagRow(form, p.subFolder));
+        form->OnBindTag();
+        form->tVTags->setCurrentIndex(TagRow(form, p.tagReal));
+        form->tVIed->setCurrentIndex(VarRow(form, "ICC_1"));
+        form->OnBindTag();
+        form->tVIed->setCurrentIndex(row);
+        form->OnBindTag();
+        form->tVTags->setCurrentIndex(TagRow(form, second));
+        form->tVIed->setCurrentIndex(row);
+        form->OnBindTag();
+        EXPECT_EQ(form->statusBar->currentMessage(), "Тег с заданным tag_id уже существует");
+
+        // From the variable to its tag and back.
+        form->tVTags->setCurrentIndex(QModelIndex());
+        form->slotFindinTag();
+        EXPECT_EQ(form->tVTags->currentIndex(), TagRow(form, p.tagState));
+        form->tVIed->setCurrentIndex(QModelIndex());
+        form->OnFindTree();
+        EXPECT_EQ(form->tVIed->currentIndex(), row);
+        // A domain past the ICCs finds nothing.
+        p.tagState->set("domain", 7);
+        EXPECT_EQ(GetObTreeIedByTag(p.tagState, row, domain, name), nullptr);
+    });
+    EXPECT_EQ(p.tagReal->get("tag_id").toByteArray(), stateKey);
+    EXPECT_EQ(second->get("tag_id").toByteArray(), "xEmptyx");
+    EXPECT_EQ(BoxTexts(), QStringList({"Предупреждение|В связях участвуют только теги",
+                                       "Предупреждение|В связях участвуют только объекты DA"}));
+}
+
+TEST_F(TagsTest, TagCommandsSurviveABadHost) {
+    OpenForm(p.unit, [&](CfgArvenSR* form) {
+        ShowTags(form, 0, p.folder[0]);
+        p.host.mixChildLists(true);
+        p.host.failSlot(slotObCreate);
+        p.host.failParam("domain", HostProject::FailRead);
+        AnswerInput("Ещё");
+        form->OnCreateFolg();
+        SelectTags(form, {p.subFolder});
+        form->DeleteFromtVTags();
+        form->DeleteTagOrFolder(p.folder[0]);
+        int maxNoname = 0;
+        form->FillListBTag(p.unit, maxNoname);
+        p.host.failParam("tag_name", HostProject::FailAll);
+        form->tVTags->setCurrentIndex(TagRow(form, p.tagState));
+        form->OnFindTree();
+        form->ApplyTagProp("Новое", "Q1", p.tagState, "tag_name");
+        form->ApplyTagProp("Подпись", "", p.tagState, "caption");
+    });
+    EXPECT_EQ(BoxTexts(),
+              QStringList({"Сообщение|Ошибка. По-видимому нарушена уникальность имен"}));
+    EXPECT_EQ(HostObject::fromHandle(p.tagState), p.tagState);
+}

@@ -263,3 +263,19 @@ TEST_F(CreateVars, DisplayTreesOfAVariable) {
         top.FirstChild->DeleteSubTree();
     });
 }
+
+TEST_F(CreateVars, TagsOfAUnitReachItsBlob) {
+    // An ICC value with a twin in the ICC's set, and a nameless VCC value
+    // whose set number points past the VCC's only set.
+    HostObject* q = Tag(sub, cotSource, 1, "Q", 19, 1, 1, 1);
+    q->set("caption", QString("Выключатель"));
+    HostObject* nameless =
+        Tag(p.host.create(p.unit2, cotFolderPass, 0, "Arven"), cotPass, 2, "", 17, 0, 3, 1);
+    nameless->set("caption", QString("Счётчик"));
+    p.unit2->set("maxICC", 1);
+    p.unit2->set("maxDS", 1);
+    OpenForm(p.unit2);
+    EXPECT_EQ(Datarun(p.unit2).toStdString(), Golden("datarun_tags.txt"));
+    EXPECT_EQ(nameless->get("tag_name").toString(), "I16");
+    EXPECT_EQ(boxes.count(), 0);
+}

@@ -32,8 +32,8 @@ public:
     // Refills the three lists from the template set: the primary list holds
     // those of "Data_DiscreteQTimeTag" and "Data_RealQTimeTag" that the set
     // has, the second list every other template, the shown list the primary
-    // one. No rows are announced: the caller takes the model off its view
-    // around this.
+    // one; without a set all three stay empty. No rows are announced: the
+    // caller takes the model off its view around this.
     void FillTypes(DcDTTP* dttp);
     // Adds the second list behind the shown one, if the first row exists and
     // the shown list is not longer than the primary list.

@@ -3,6 +3,7 @@
 // the small searches that jump between the trees.
 #include "form/CfgIecArven.h"
 
+#include "editing/CreateVars.h"
 #include "model/ICCPTypes_Nat.h"
 #include "plugin/CfgIecArvenlib.h"
 #include "plugin/HostTitles.h"
@@ -137,21 +138,25 @@ void CfgArvenSR::OntVIedClicked(const QModelIndex& index) {
         tVprop->hide();
         return;
     }
-    if (cls == "DcDO") {
-        // A member of a data set is shown by its own row elsewhere.
-        if (IsOwn(node, "DcDataSet")) {
-            actAdd2DS->setEnabled(false);
-            return;
-        }
-        actAdd2DS->setEnabled(true);
-    } else if (cls == "DcTransSet") {
-        tVprop->show();
-    } else {
+    const bool structure = cls == "DcDO";
+    // A member of a data set is shown by its own row elsewhere.
+    if (structure && IsOwn(node, "DcDataSet")) {
+        actAdd2DS->setEnabled(false);
         return;
+    }
+    if (!structure && cls != "DcTransSet")
+        return;
+    auto shown = new myNode(object->name, object);
+    if (structure) {
+        actAdd2DS->setEnabled(true);
+        DcDO2Tree(shown);
+    } else {
+        tVprop->show();
+        List2Tree(shown, &static_cast<DcTransSet*>(object)->Members);
     }
     // The pane shows a tree of its own, headed by the object.
     myNode* old = pPropIccp->rootNode;
-    pPropIccp->setRootNode(new myNode(object->name, object));
+    pPropIccp->setRootNode(shown);
     if (old)
         old->DeleteSubTree();
     tVprop->setModel(pPropIccp);

@@ -83,7 +83,8 @@ TEST_F(FormBuilt, BarsMenusAndActions) {
         EXPECT_TRUE(a->isCheckable());
         EXPECT_FALSE(a->icon().isNull());
     }
-    EXPECT_TRUE(f->actModeRecv->isChecked() && f->actModePass->isEnabled());
+    // Showing the form has switched to the transmitted values.
+    EXPECT_TRUE(f->actModePass->isChecked() && f->actModeRecv->isEnabled());
     EXPECT_FALSE(f->actModeCtrlRecv->isEnabled() || f->actModeCtrlPass->isEnabled());
     for (QAction* a :
          {f->actOpenFile, f->actSaveIed, f->actUpDTTP, f->actDelOb, f->actAddVar, f->actAdd2DS})

@@ -34,6 +34,7 @@ TEST_F(FormLoadSave, SaveWritesTheModelFileTheCsvAndTheBlob) {
     MakeFirstUnitBare();
     const QByteArray csvLines = SplitLines(QByteArray::fromStdString(Golden("templ.csv")));
     OpenForm(p.unit, [&](CfgArvenSR* f) {
+        f->statusBar->clearMessage(); // the hint of the unit click
         answerFile(dir.filePath("model.blt"));
         f->OnSaveIed();
         // The CSV lines stay in the blob until the close writes the model.
@@ -66,6 +67,7 @@ TEST_F(FormLoadSave, SaveWritesTheModelFileTheCsvAndTheBlob) {
 TEST_F(FormLoadSave, SaveNamesAndTargets) {
     MakeFirstUnitBare();
     OpenForm(p.unit, [&](CfgArvenSR* f) {
+        f->statusBar->clearMessage(); // the hint of the unit click
         // No ".blt": the model file alone. ".blt" inside the name cuts the
         // CSV's name there.
         for (const char* name : {"model.xml", "a.blt.keep"}) {

@@ -80,12 +80,15 @@ TEST_F(Navigation, AClickInTheModelTreeFillsTheObjectPaneByClass) {
         EXPECT_EQ(f->statusBar->currentMessage(), "Объект  TASE2_Version(DcDO)");
         EXPECT_TRUE(f->actAdd2DS->isEnabled());
         EXPECT_EQ(f->pPropIccp->rootNode->object, tase2.data(Qt::UserRole).value<void*>());
+        ASSERT_EQ(f->pPropIccp->rowCount(), 2);
+        EXPECT_EQ(f->pPropIccp->index(0, 0).data().toString(), "MajorVersionNumber");
         EXPECT_TRUE(f->tVprop->isHidden());
 
         const QModelIndex trSet = Row(f, "TrSet_1");
         f->OntVIedClicked(trSet);
         EXPECT_FALSE(f->tVprop->isHidden());
         EXPECT_EQ(f->tVprop->model(), f->pPropIccp);
+        EXPECT_EQ(f->pPropIccp->index(0, 0).data().toString(), "DataSetName");
         // The second column only takes the pane's model away.
         f->OntVIedClicked(trSet.sibling(trSet.row(), 1));
         EXPECT_EQ(f->tVprop->model(), nullptr);

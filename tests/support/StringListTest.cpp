@@ -27,6 +27,12 @@ void* Obj(long n) {
     return reinterpret_cast<void*>(n);
 }
 
+// Adds the texts, each with its first byte as object.
+void Fill(StringList& list, std::initializer_list<const char*> texts, bool sorted = true) {
+    for (const char* t : texts)
+        list.AddObject(t, Obj(t[0]), sorted);
+}
+
 using Model = std::vector<std::pair<std::string, void*>>;
 
 // The list holds the model's entries in order and finds every text.
@@ -46,89 +52,93 @@ void ExpectSameAs(const StringList& list, const Model& model, bool refSorted) {
     }
 }
 
+void ExpectTexts(const StringList& list, const std::vector<std::string>& texts) {
+    ASSERT_EQ(list.Count, static_cast<int>(texts.size()));
+    for (int i = 0; i < list.Count; ++i)
+        EXPECT_EQ(list.Strings(i), texts[i]) << i;
+}
+
 } // namespace
 
-TEST(StringList, AccessorsOutOfRange) {
+TEST(StringList, OutOfRangeAccessAndRefusedChanges) {
     StringList list;
     EXPECT_EQ(list.Strings(0), "");
     EXPECT_EQ(list.Objects(0), nullptr);
-    list.AddObject("a", Obj(1), true);
+    EXPECT_EQ(list.AddObjToString(Obj(5), 0), -1);
+    EXPECT_EQ(list.ChString(0, "x"), -1);
+    list.AddString("a");
     EXPECT_EQ(list.Strings(-1), "");
-    EXPECT_EQ(list.Strings(1), "");
-    EXPECT_EQ(list.Objects(1), nullptr);
     EXPECT_EQ(list.Objects(-1), nullptr);
     list.NullObject = Obj(99);
     EXPECT_EQ(list.Objects(list.Count), Obj(99));
-    EXPECT_EQ(list.Objects(0), Obj(1));
+    EXPECT_EQ(list.AddObjToString(Obj(5), 0), 0);
+    EXPECT_EQ(list.Objects(0), Obj(5));
+    for (int bad : {-1, 1}) {
+        EXPECT_EQ(list.AddObjToString(Obj(6), bad), -1);
+        EXPECT_EQ(list.ChString(bad, "x"), -1);
+        list.Delete(bad);
+    }
+    EXPECT_EQ(list.Objects(0), Obj(5));
+    ExpectTexts(list, {"a"});
 }
 
 TEST(StringList, GrowsInStepsOf50AndClearShrinks) {
     StringList list;
     EXPECT_EQ(list.Capacity, 50);
-    for (int i = 0; i < 50; ++i)
+    for (int i = 0; i < 101; ++i) {
         list.AddString("s" + std::to_string(i));
-    EXPECT_EQ(list.Capacity, 50);
-    list.AddString("s50");
-    EXPECT_EQ(list.Capacity, 100);
-    EXPECT_EQ(list.Count, 51);
-    for (int i = 51; i < 101; ++i)
-        list.AddString("s" + std::to_string(i));
-    EXPECT_EQ(list.Capacity, 150);
+        EXPECT_EQ(list.Capacity, i < 50 ? 50 : i < 100 ? 100 : 150) << i;
+    }
     EXPECT_TRUE(RefIsSortedPermutation(list));
     EXPECT_EQ(list.IndexOf("s100"), 100);
-
     list.Clear();
     EXPECT_EQ(list.Capacity, 50);
-    EXPECT_EQ(list.Count, 0);
     EXPECT_EQ(list.IndexOf("s1"), -1);
     list.AddString("again");
     EXPECT_EQ(list.IndexOf("again"), 0);
 
     // Clear of an empty list changes nothing, not even the capacity.
     StringList big(120);
-    EXPECT_EQ(big.Capacity, 120);
     big.Clear();
-    EXPECT_EQ(big.Capacity, 120);
     big.AddString("x");
     big.Delete(0);
     big.Clear();
     EXPECT_EQ(big.Capacity, 120);
-
     StringList none(0);
     EXPECT_EQ(none.AddString("first"), 0);
     EXPECT_EQ(none.Capacity, 50);
 }
 
-TEST(StringList, IndexOfFindsEachEntryAndDuplicates) {
+TEST(StringList, IndexOfIndexingAndDuplicates) {
     StringList list;
     EXPECT_EQ(list.IndexOf("a"), -1);
-    list.AddString("m");
-    EXPECT_EQ(list.IndexOf("m"), 0);
-    EXPECT_EQ(list.IndexOf("a"), -1);
-    EXPECT_EQ(list.IndexOf("z"), -1);
-
     // Insertion order differs from text order; every index is into Array.
-    for (const char* s : {"q", "c", "x", "a", "", "mm", "\xd0\xb0"})
-        list.AddString(s);
     const char* all[] = {"m", "q", "c", "x", "a", "", "mm", "\xd0\xb0"};
+    for (const char* s : all)
+        list.AddString(s);
     for (int i = 0; i < 8; ++i)
         EXPECT_EQ(list.IndexOf(all[i]), i) << all[i];
-    EXPECT_EQ(list.IndexOf("b"), -1);
-    EXPECT_EQ(list.IndexOf("zz"), -1);
+    for (const char* missing : {"b", "zz", "0"})
+        EXPECT_EQ(list.IndexOf(missing), -1) << missing;
     // Bytes compare unsigned: the Cyrillic letter sorts after ASCII.
     EXPECT_EQ(list.Ref[list.Count - 1], 7);
 
-    // Duplicates are let in and each of them is an acceptable answer.
+    StringList three;
+    Fill(three, {"d", "b", "f"});
+    const std::pair<const char*, int> places[] = {{"a", 0}, {"c", 1}, {"e", 2}, {"g", 3}};
+    for (const auto& p : places)
+        EXPECT_EQ(three.Indexing(p.first, 3), p.second) << p.first;
+    int p = three.Indexing("d", 3);
+    EXPECT_TRUE(p == 1 || p == 2);
+    EXPECT_EQ(three.Indexing("c", 1), 1); // among "b" only
+    EXPECT_EQ(three.Indexing("a", 0), 0);
+
+    // Duplicates are let in; each delete leaves the other copies findable.
     StringList dup;
     EXPECT_EQ(dup.AddObject("same", Obj(1), true), 0);
     EXPECT_EQ(dup.AddObject("same", Obj(2), true), 1);
-    EXPECT_EQ(dup.Count, 2);
-    EXPECT_LT(static_cast<unsigned>(dup.IndexOf("same")), 2u);
-    dup.AddString("a");
-    dup.AddString("same");
-    dup.AddString("z");
+    Fill(dup, {"a", "same", "z"});
     EXPECT_TRUE(RefIsSortedPermutation(dup));
-    // Each delete leaves the other copies findable.
     for (int left = 3; left > 0; --left) {
         int found = dup.IndexOf("same");
         ASSERT_GE(found, 0) << left;
@@ -137,33 +147,13 @@ TEST(StringList, IndexOfFindsEachEntryAndDuplicates) {
     }
     EXPECT_EQ(dup.IndexOf("same"), -1);
     EXPECT_EQ(dup.Count, 2);
-}
 
-TEST(StringList, IndexingPlacesText) {
-    StringList list;
-    list.AddString("d");
-    list.AddString("b");
-    list.AddString("f");
-    EXPECT_EQ(list.Indexing("a", 3), 0);
-    EXPECT_EQ(list.Indexing("c", 3), 1);
-    EXPECT_EQ(list.Indexing("e", 3), 2);
-    EXPECT_EQ(list.Indexing("g", 3), 3);
-    int p = list.Indexing("d", 3);
-    EXPECT_TRUE(p == 1 || p == 2);
-    EXPECT_EQ(list.Indexing("c", 1), 1); // among "b" only
-    EXPECT_EQ(list.Indexing("a", 0), 0);
-}
-
-TEST(StringList, AddObjToStringAndAddString) {
-    StringList list;
-    EXPECT_EQ(list.AddObjToString(Obj(5), 0), -1);
-    list.AddString("a");
-    EXPECT_EQ(list.Objects(0), nullptr);
-    EXPECT_EQ(list.AddObjToString(Obj(5), 0), 0);
-    EXPECT_EQ(list.Objects(0), Obj(5));
-    EXPECT_EQ(list.AddObjToString(Obj(6), list.Count), -1);
-    EXPECT_EQ(list.AddObjToString(Obj(6), -1), -1);
-    EXPECT_EQ(list.Objects(0), Obj(5));
+    StringList scan;
+    Fill(scan, {"a", "b", "a", "c", "a"});
+    const int after[][3] = {{0, 'a', 0},  {1, 'a', 2},  {3, 'a', 4},
+                            {3, 'b', -1}, {5, 'a', -1}, {-1, 'a', -1}};
+    for (const auto& a : after)
+        EXPECT_EQ(scan.IndexOfAfterPos(a[0], std::string(1, char(a[1]))), a[2]) << a[0];
 }
 
 TEST(StringList, InsertObjectResults) {
@@ -171,25 +161,15 @@ TEST(StringList, InsertObjectResults) {
     // Empty list: an append, result 0.
     EXPECT_EQ(list.InsertObject(3, "m", Obj(1)), 0);
     EXPECT_EQ(list.Insert(0, "z"), 1);
-    EXPECT_EQ(list.Strings(0), "z");
-    EXPECT_EQ(list.Strings(1), "m");
     EXPECT_EQ(list.Objects(0), nullptr);
     EXPECT_EQ(list.Objects(1), Obj(1));
-    // At Count: appends and returns the old Count.
+    // At Count: appends and returns the old Count; in the middle: index + 1.
     EXPECT_EQ(list.InsertObject(list.Count, "a", Obj(3)), 2);
-    EXPECT_EQ(list.Strings(2), "a");
-    // In the middle: before entry 1, result 2.
     EXPECT_EQ(list.InsertObject(1, "k", Obj(4)), 2);
-    ASSERT_EQ(list.Count, 4);
-    EXPECT_EQ(list.Strings(0), "z");
-    EXPECT_EQ(list.Strings(1), "k");
-    EXPECT_EQ(list.Strings(2), "m");
-    EXPECT_EQ(list.Strings(3), "a");
+    ExpectTexts(list, {"z", "k", "m", "a"});
     EXPECT_TRUE(RefIsSortedPermutation(list));
-    EXPECT_EQ(list.IndexOf("z"), 0);
-    EXPECT_EQ(list.IndexOf("k"), 1);
-    EXPECT_EQ(list.IndexOf("m"), 2);
-    EXPECT_EQ(list.IndexOf("a"), 3);
+    for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(list.IndexOf(list.Strings(i)), i);
     // A negative place counts as the front.
     EXPECT_EQ(list.InsertObject(-2, "b", nullptr), 1);
     EXPECT_EQ(list.Strings(0), "b");
@@ -208,78 +188,34 @@ TEST(StringList, InsertObjectResults) {
         EXPECT_EQ(front.Strings(front.IndexOf(front.Strings(i))), front.Strings(i));
 }
 
-TEST(StringList, DeleteKeepsEveryEntryFindable) {
-    StringList list;
-    Model model;
-    for (const char* t : {"e", "a", "d", "b", "c"}) {
-        model.emplace_back(t, Obj(t[0]));
-        list.AddObject(t, Obj(t[0]), true);
-    }
-    list.Delete(list.Count);
-    list.Delete(-1);
-    ASSERT_NO_FATAL_FAILURE(ExpectSameAs(list, model, true));
-    for (int i : {1, 3, 0, 1, 0}) {
-        list.Delete(i);
-        model.erase(model.begin() + i);
-        ASSERT_NO_FATAL_FAILURE(ExpectSameAs(list, model, true));
-    }
-    EXPECT_EQ(list.IndexOf("d"), -1);
-    list.Delete(0);
-    EXPECT_EQ(list.Count, 0);
-}
-
 TEST(StringList, ChStringRenamesInPlace) {
     StringList list;
-    for (const char* s : {"b", "d", "f", "h"})
-        list.AddObject(s, Obj(s[0]), true);
+    Fill(list, {"b", "d", "f", "h"});
     EXPECT_EQ(list.ChString(1, "z"), 1);
-    EXPECT_EQ(list.Strings(1), "z");
     EXPECT_EQ(list.Objects(1), Obj('d'));
     EXPECT_EQ(list.IndexOf("z"), 1);
     EXPECT_EQ(list.IndexOf("d"), -1);
-    EXPECT_TRUE(RefIsSortedPermutation(list));
     EXPECT_EQ(list.ChString(2, "a"), 2);
     EXPECT_EQ(list.Ref[0], 2);
     EXPECT_EQ(list.ChString(3, "b"), 3); // now a duplicate of entry 0
     EXPECT_TRUE(RefIsSortedPermutation(list));
     EXPECT_EQ(list.Strings(list.IndexOf("b")), "b");
-    EXPECT_EQ(list.ChString(4, "x"), -1);
-    EXPECT_EQ(list.ChString(-1, "x"), -1);
-    StringList empty;
-    EXPECT_EQ(empty.ChString(0, "x"), -1);
-}
-
-TEST(StringList, IndexOfAfterPosScansFromPos) {
-    StringList list;
-    for (const char* s : {"a", "b", "a", "c", "a"})
-        list.AddString(s);
-    EXPECT_EQ(list.IndexOfAfterPos(0, "a"), 0);
-    EXPECT_EQ(list.IndexOfAfterPos(1, "a"), 2);
-    EXPECT_EQ(list.IndexOfAfterPos(3, "a"), 4);
-    EXPECT_EQ(list.IndexOfAfterPos(3, "b"), -1);
-    EXPECT_EQ(list.IndexOfAfterPos(5, "a"), -1);
-    EXPECT_EQ(list.IndexOfAfterPos(-1, "a"), -1);
 }
 
 TEST(StringList, UnsortedAdditionsAreSortedByTheNextChange) {
     StringList list;
-    for (const char* s : {"d", "c", "b", "a"})
-        list.AddObject(s, nullptr, false);
-    ASSERT_EQ(list.Count, 4);
+    Fill(list, {"d", "c", "b", "a"}, false);
     for (int i = 0; i < 4; ++i)
         EXPECT_EQ(list.Ref[i], i);
     // A rename restores the whole of Ref.
     list.ChString(0, "e");
     EXPECT_TRUE(RefIsSortedPermutation(list));
     EXPECT_EQ(list.IndexOf("a"), 3);
-    EXPECT_EQ(list.IndexOf("e"), 0);
 
     StringList other;
-    for (const char* s : {"d", "c", "b"})
-        other.AddObject(s, nullptr, false);
+    Fill(other, {"d", "c", "b"}, false);
     other.InsertObject(1, "a", nullptr);
     EXPECT_TRUE(RefIsSortedPermutation(other));
-    EXPECT_EQ(other.IndexOf("a"), 1);
     EXPECT_EQ(other.IndexOf("b"), 3);
     EXPECT_EQ(MyStringList, &other); // the last list sorted by qsort
 }
@@ -291,17 +227,12 @@ TEST(StringList, SortedModeKeepsArrayInOrder) {
     EXPECT_EQ(list.AddString("c"), 0);
     EXPECT_EQ(list.AddString("x"), 2);
     EXPECT_EQ(list.AddObject("f", Obj(7), true), 1);
-    ASSERT_EQ(list.Count, 4);
-    EXPECT_EQ(list.Strings(0), "c");
-    EXPECT_EQ(list.Strings(1), "f");
-    EXPECT_EQ(list.Strings(2), "m");
-    EXPECT_EQ(list.Strings(3), "x");
+    ExpectTexts(list, {"c", "f", "m", "x"});
     for (int i = 0; i < 4; ++i)
         EXPECT_EQ(list.Ref[i], i);
     EXPECT_EQ(list.IndexOf("f"), 1);
 
     // Duplicates: refused with -1, -2, or let in.
-    EXPECT_EQ(list.AddString("m"), -1);
     EXPECT_EQ(list.AddString("x"), -1);
     list.DupMode = 1;
     EXPECT_EQ(list.AddString("c"), -2);
@@ -309,7 +240,6 @@ TEST(StringList, SortedModeKeepsArrayInOrder) {
     list.DupMode = 2;
     int p = list.AddString("f");
     EXPECT_TRUE(p == 1 || p == 2);
-    EXPECT_EQ(list.Count, 5);
     // InsertObject appends in order as well.
     list.DupMode = 0;
     EXPECT_EQ(list.InsertObject(0, "z", nullptr), 5);
@@ -317,7 +247,6 @@ TEST(StringList, SortedModeKeepsArrayInOrder) {
 
     // Delete in sorted mode only lowers the count.
     list.Delete(5);
-    EXPECT_EQ(list.Count, 5);
     EXPECT_EQ(list.Strings(4), "x");
     list.Delete(0);
     EXPECT_EQ(list.Count, 4);
@@ -339,31 +268,22 @@ TEST(StringList, RandomSequencesMatchReferenceModel) {
         for (int step = 0; step < 300; ++step) {
             int count = static_cast<int>(model.size());
             int op = rng() % 100;
-            if (op < 30) {
+            if (op < 35) {
+                bool sorted = op < 30;
                 std::string t = text();
                 void* o = Obj(next++);
-                ASSERT_EQ(list.AddObject(t, o, true), count);
+                ASSERT_EQ(list.AddObject(t, o, sorted), count);
                 model.emplace_back(t, o);
-            } else if (op < 35) {
-                std::string t = text();
-                void* o = Obj(next++);
-                ASSERT_EQ(list.AddObject(t, o, false), count);
-                model.emplace_back(t, o);
-                if (count > 0)
+                if (!sorted && count > 0)
                     refSorted = false;
             } else if (op < 55) {
                 int i = static_cast<int>(rng() % (count + 3));
                 std::string t = text();
                 void* o = Obj(next++);
                 int r = list.InsertObject(i, t, o);
-                if (i >= count) {
-                    ASSERT_EQ(r, count);
-                    model.emplace_back(t, o);
-                } else {
-                    ASSERT_EQ(r, i + 1);
-                    model.insert(model.begin() + i, {t, o});
-                    refSorted = true;
-                }
+                ASSERT_EQ(r, i >= count ? count : i + 1);
+                model.insert(model.begin() + std::min(i, count), {t, o});
+                refSorted = refSorted || i < count;
             } else if (op < 75) {
                 int i = static_cast<int>(rng() % (count + 2)) - 1;
                 list.Delete(i);
@@ -372,24 +292,19 @@ TEST(StringList, RandomSequencesMatchReferenceModel) {
             } else if (op < 95) {
                 int i = static_cast<int>(rng() % (count + 1));
                 std::string t = text();
-                int r = list.ChString(i, t);
+                ASSERT_EQ(list.ChString(i, t), i < count ? i : -1);
                 if (i < count) {
-                    ASSERT_EQ(r, i);
                     model[i].first = t;
                     refSorted = true;
-                } else {
-                    ASSERT_EQ(r, -1);
                 }
             } else if (op < 97) {
                 list.Clear();
                 model.clear();
                 refSorted = true;
-            } else {
+            } else if (count > 0) {
                 // Objects are searched by pointer in insertion order.
-                if (count > 0) {
-                    int i = static_cast<int>(rng() % count);
-                    ASSERT_EQ(FindIdObjByPtr(model[i].second, &list), i);
-                }
+                int i = static_cast<int>(rng() % count);
+                ASSERT_EQ(FindIdObjByPtr(model[i].second, &list), i);
             }
             ASSERT_NO_FATAL_FAILURE(ExpectSameAs(list, model, refSorted))
                 << "round " << round << " step " << step;
@@ -405,13 +320,11 @@ TEST(StringList, FreeFunctions) {
     ASSERT_NE(list, nullptr);
     EXPECT_EQ(Add2StringList(list, "a", Obj(2)), 1);
     EXPECT_EQ(list->IndexOf("a"), 1);
-
-    EXPECT_EQ(FindIdObjByPtr(Obj(2), list), 1);
+    list->AddObject("c", Obj(2), true);
+    EXPECT_EQ(FindIdObjByPtr(Obj(2), list), 1); // the first one
     EXPECT_EQ(FindIdObjByPtr(Obj(3), list), -1);
     EXPECT_EQ(FindIdObjByPtr(nullptr, list), -1);
     EXPECT_EQ(FindIdObjByPtr(Obj(2), nullptr), -1);
-    list->AddObject("c", Obj(2), true);
-    EXPECT_EQ(FindIdObjByPtr(Obj(2), list), 1); // the first one
     delete list;
 
     // Comparators: by text, through Ref of MyStringList, by address.
@@ -419,10 +332,8 @@ TEST(StringList, FreeFunctions) {
     StringListEntry *px = &x, *py = &y;
     EXPECT_LT(compStr(&px, &py), 0);
     EXPECT_GT(compStr(&py, &px), 0);
-    EXPECT_EQ(compStr(&px, &px), 0);
     StringList sl;
-    sl.AddString("q");
-    sl.AddString("p");
+    Fill(sl, {"q", "p"});
     MyStringList = &sl;
     int refs[2] = {0, 1};
     EXPECT_GT(compStrRef(&refs[0], &refs[1]), 0);
@@ -436,7 +347,6 @@ TEST(StringList, FreeFunctions) {
 TEST(List, AddFindDeleteSort) {
     List list;
     int items[120];
-    EXPECT_EQ(list.Items(0), nullptr);
     EXPECT_EQ(list.IndexOf(&items[0]), -1);
     // Added out of address order.
     for (int i = 0; i < 120; ++i)
@@ -454,11 +364,9 @@ TEST(List, AddFindDeleteSort) {
     EXPECT_EQ(index, 1);
     EXPECT_EQ(FindPtrInList(&items[37], &list), 1);
     EXPECT_EQ(FindPtrInList(&outside, &list), -1);
-    EXPECT_EQ(FindPtrInList(nullptr, &list), -1);
     EXPECT_EQ(FindPtrInList(&items[0], nullptr), -1);
 
     list.Remove(&items[37]);
-    EXPECT_EQ(list.Count, 119);
     EXPECT_EQ(list.IndexOf(&items[37]), -1);
     EXPECT_EQ(list.Items(1), &items[74]);
     EXPECT_EQ(list.IndexOf(&items[74]), 1);
@@ -469,13 +377,11 @@ TEST(List, AddFindDeleteSort) {
 
     // Sort compares slots, not pointers: the order stays as it is.
     List small;
-    small.Add(&items[5]);
-    small.Add(&items[1]);
-    small.Add(&items[3]);
+    for (int i : {5, 1, 3})
+        small.Add(&items[i]);
     small.Sort();
     EXPECT_TRUE(small.SortedFlag);
     EXPECT_EQ(small.Items(0), &items[5]);
-    EXPECT_EQ(small.Items(1), &items[1]);
     EXPECT_EQ(small.Items(2), &items[3]);
     // Sorted mode: Delete only lowers the count.
     small.Delete(0);
@@ -483,45 +389,35 @@ TEST(List, AddFindDeleteSort) {
     EXPECT_EQ(small.Items(0), nullptr);
 
     list.Clear();
-    EXPECT_EQ(list.Count, 0);
     EXPECT_EQ(list.Capacity, 50);
     EXPECT_EQ(list.Add(&items[0]), 0);
 }
 
-TEST(MyStringListRegistry, AddObjAndFind) {
+TEST(MyStringListRegistry, AddObjFindAndOwnership) {
     class MyStringList registry(false);
     int a = 0, b = 0;
     EXPECT_EQ(registry.FindActByName("a"), nullptr);
     EXPECT_EQ(registry.AddObj("a", &a), 1);
     EXPECT_EQ(registry.AddObj("b", &b), 2);
     EXPECT_EQ(registry.AddObj("a", &b), -1);
-    EXPECT_EQ(registry.Names.size(), 2);
     EXPECT_EQ(registry.FindActByName("a"), &a);
-    EXPECT_EQ(registry.FindActByName("b"), &b);
     EXPECT_EQ(registry.FindActByName("A"), nullptr);
     // A name held with a null object does not block a new entry, but the
     // first entry still answers.
     EXPECT_EQ(registry.AddObj("n", nullptr), 3);
     EXPECT_EQ(registry.AddObj("n", &a), 4);
     EXPECT_EQ(registry.FindActByName("n"), nullptr);
-}
 
-TEST(MyStringListRegistry, OwnerDeletesObjects) {
-    bool destroyed = false;
-    {
-        class MyStringList registry(true);
+    for (bool owner : {true, false}) {
+        bool destroyed = false;
         QObject* object = new QObject;
         QObject::connect(object, &QObject::destroyed, [&] { destroyed = true; });
-        registry.AddObj("o", object);
+        {
+            class MyStringList r(owner);
+            r.AddObj("o", object);
+        }
+        EXPECT_EQ(destroyed, owner);
+        if (!owner)
+            delete object;
     }
-    EXPECT_TRUE(destroyed);
-
-    destroyed = false;
-    QObject kept;
-    QObject::connect(&kept, &QObject::destroyed, [&] { destroyed = true; });
-    {
-        class MyStringList registry(false);
-        registry.AddObj("k", &kept);
-    }
-    EXPECT_FALSE(destroyed);
 }

@@ -2,6 +2,7 @@
 #include "support/UStringList.h"
 
 #include <gtest/gtest.h>
+#include <vector>
 
 namespace {
 
@@ -21,24 +22,31 @@ struct Tree {
     ~Tree() { root->DeleteSubTree(); }
 };
 
+// Each sibling's links agree with its neighbours and its parent.
+void ExpectChain(myNode* parent, const std::vector<myNode*>& children) {
+    ASSERT_EQ(parent->FirstChild, children.empty() ? nullptr : children[0]);
+    ASSERT_EQ(parent->GetChildCount(), static_cast<int>(children.size()));
+    for (size_t i = 0; i < children.size(); ++i) {
+        EXPECT_EQ(children[i]->Parent, parent) << i;
+        EXPECT_EQ(children[i]->Prev, i ? children[i - 1] : nullptr) << i;
+        EXPECT_EQ(children[i]->Next, i + 1 < children.size() ? children[i + 1] : nullptr) << i;
+    }
+}
+
 } // namespace
 
 TEST(myNode, AddChildLinksSiblings) {
     Tree t;
     EXPECT_EQ(t.root->FirstChild, t.a);
-    EXPECT_EQ(t.a->Parent, t.root);
-    EXPECT_EQ(t.b->Parent, t.root);
-    EXPECT_EQ(t.c->Parent, t.root);
-    EXPECT_EQ(t.a->Prev, nullptr);
-    EXPECT_EQ(t.a->Next, t.b);
-    EXPECT_EQ(t.b->Prev, t.a);
-    EXPECT_EQ(t.c->Prev, t.b);
-    EXPECT_EQ(t.c->Next, nullptr);
+    const myNode* chain[] = {nullptr, t.a, t.b, t.c, nullptr};
+    for (int i = 1; i <= 3; ++i) {
+        EXPECT_EQ(chain[i]->Parent, t.root) << i;
+        EXPECT_EQ(chain[i]->Prev, chain[i - 1]) << i;
+        EXPECT_EQ(chain[i]->Next, chain[i + 1]) << i;
+        EXPECT_EQ(t.root->GetChildById(i - 1), chain[i]) << i;
+    }
     EXPECT_EQ(t.root->GetChildCount(), 3);
     EXPECT_EQ(t.a->GetChildCount(), 2);
-    EXPECT_EQ(t.b->GetChildCount(), 0);
-    EXPECT_EQ(t.root->GetChildById(0), t.a);
-    EXPECT_EQ(t.root->GetChildById(2), t.c);
     EXPECT_EQ(t.root->GetChildById(3), nullptr);
     EXPECT_EQ(t.root->GetChildById(-1), nullptr);
     EXPECT_EQ(t.b->GetChildById(0), nullptr);
@@ -81,34 +89,20 @@ TEST(myNode, InsertsAtFrontAndAfterNode) {
     Tree t;
     myNode* first = new myNode("first", Obj(50));
     EXPECT_EQ(t.root->AddChildAsFirst(first), 0);
-    EXPECT_EQ(t.root->FirstChild, first);
-    EXPECT_EQ(first->Parent, t.root);
-    EXPECT_EQ(first->Next, t.a);
-    EXPECT_EQ(t.a->Prev, first);
-    EXPECT_EQ(t.root->GetChildRow(t.a), 1);
     EXPECT_EQ(t.root->AddChildAsFirst(nullptr), 1);
-
     myNode* only = new myNode("only");
     EXPECT_EQ(t.b->AddChildAsFirst(only), 0);
-    EXPECT_EQ(t.b->FirstChild, only);
-    EXPECT_EQ(only->Next, nullptr);
-
+    ExpectChain(t.b, {only});
     myNode* mid = t.a->AddAsSibling("mid", Obj(51));
-    EXPECT_EQ(t.a->Next, mid);
-    EXPECT_EQ(mid->Prev, t.a);
-    EXPECT_EQ(mid->Next, t.b);
-    EXPECT_EQ(t.b->Prev, mid);
-    EXPECT_EQ(mid->Parent, t.root);
     myNode* last = t.c->AddAsSibling("last", nullptr);
-    EXPECT_EQ(last->Next, nullptr);
-    EXPECT_EQ(t.root->GetChildCount(), 6);
+    ExpectChain(t.root, {first, t.a, mid, t.b, t.c, last});
 
     // AddUniqueChild reuses the child carrying the object.
     EXPECT_EQ(t.a->AddUniqueChild("other name", Obj(12)), t.a2);
     myNode* fresh = t.a->AddUniqueChild("a3", Obj(13));
     EXPECT_EQ(fresh->name, "a3");
-    EXPECT_EQ(t.a->GetChildCount(), 3);
     EXPECT_EQ(t.a->AddUniqueChild("a3", Obj(13)), fresh);
+    ExpectChain(t.a, {t.a1, t.a2, fresh});
 }
 
 TEST(myNode, FindsByObjectAndName) {
@@ -121,7 +115,6 @@ TEST(myNode, FindsByObjectAndName) {
     // Names: depth first, the subtree before the next sibling, any case.
     EXPECT_EQ(t.root->FindNodeByName("C1", 0), t.c1);
     EXPECT_EQ(t.root->FindNodeByName("a2", 5), t.a2);
-    EXPECT_EQ(t.a->FindNodeByName("c", 0), t.c);
     EXPECT_EQ(t.b->FindNodeByName("a1", 0), nullptr);
     t.a1->name = "b";
     EXPECT_EQ(t.a->FindNodeByName("B", 0), t.a1);
@@ -137,14 +130,19 @@ TEST(myNode, FindsByObjectAndName) {
 
 TEST(myNode, FindNodeByLongNameIgnoresCase) {
     Tree t;
-    EXPECT_EQ(t.root->FindNodeByLongName("ROOT$A$a2", "$"), t.a2);
-    EXPECT_EQ(t.a->FindNodeByLongName("C$c1", "$"), t.c1);
-    EXPECT_EQ(t.a->FindNodeByLongName("b", "$"), t.b);
-    EXPECT_EQ(t.a->FindNodeByLongName("a/A1", "/"), t.a1);
-    EXPECT_EQ(t.a->FindNodeByLongName("b$x", "$"), nullptr);  // b has no children
-    EXPECT_EQ(t.a->FindNodeByLongName("a$zz", "$"), nullptr); // no such child
-    EXPECT_EQ(t.a->FindNodeByLongName("q$a1", "$"), nullptr);
-    EXPECT_EQ(t.b->FindNodeByLongName("a", "$"), nullptr); // siblings after b only
+    struct Row {
+        myNode* from;
+        const char *path, *sep;
+        myNode* found;
+    };
+    const Row rows[] = {
+        {t.root, "ROOT$A$a2", "$", t.a2}, {t.a, "C$c1", "$", t.c1},   {t.a, "b", "$", t.b},
+        {t.a, "a/A1", "/", t.a1},         {t.a, "b$x", "$", nullptr}, // b has no children
+        {t.a, "a$zz", "$", nullptr},                                  // no such child
+        {t.a, "q$a1", "$", nullptr},      {t.b, "a", "$", nullptr},   // siblings after b only
+    };
+    for (const Row& r : rows)
+        EXPECT_EQ(r.from->FindNodeByLongName(r.path, r.sep), r.found) << r.path;
 }
 
 TEST(myNode, FullNameAndToList) {
@@ -180,36 +178,21 @@ TEST(myNode, FullNameAndToList) {
 
 TEST(myNode, DeleteNodeUnlinksAndReturnsNeighbour) {
     Tree t;
-    // The only child: the parent comes back and loses its child.
-    myNode* c1 = t.c1;
-    EXPECT_EQ(c1->DeleteNode(), t.c);
-    EXPECT_EQ(t.c->FirstChild, nullptr);
-    delete c1;
-
-    // A middle node: its Prev comes back, its children are freed.
     myNode* mid = t.a->AddAsSibling("mid", nullptr);
     mid->AddChild("m1", nullptr);
     mid->AddChild("m2", nullptr);
-    EXPECT_EQ(mid->DeleteNode(), t.a);
-    EXPECT_EQ(mid->FirstChild, nullptr);
-    EXPECT_EQ(t.a->Next, t.b);
-    EXPECT_EQ(t.b->Prev, t.a);
-    delete mid;
-
-    // The first node: Next comes back and becomes the first child.
-    myNode* a = t.a;
-    EXPECT_EQ(a->DeleteNode(), t.b);
-    EXPECT_EQ(t.root->FirstChild, t.b);
-    EXPECT_EQ(t.b->Prev, nullptr);
-    EXPECT_EQ(t.root->GetChildCount(), 2);
-    EXPECT_EQ(a->FirstChild, nullptr);
-    delete a;
-
-    // The last node.
-    myNode* c = t.c;
-    EXPECT_EQ(c->DeleteNode(), t.b);
-    EXPECT_EQ(t.b->Next, nullptr);
-    delete c;
+    // The only child gives its parent back; a middle or last node its Prev;
+    // the first node its Next. Children are freed with the node.
+    EXPECT_EQ(t.c1->DeleteNode(), t.c);
+    EXPECT_EQ(t.c->FirstChild, nullptr);
+    delete t.c1;
+    const std::pair<myNode*, myNode*> steps[] = {{mid, t.a}, {t.a, t.b}, {t.c, t.b}};
+    for (const auto& step : steps) {
+        EXPECT_EQ(step.first->DeleteNode(), step.second) << step.first->name;
+        EXPECT_EQ(step.first->FirstChild, nullptr);
+        delete step.first;
+    }
+    ExpectChain(t.root, {t.b});
 }
 
 TEST(myNode, DeleteChildrenAndSubTree) {

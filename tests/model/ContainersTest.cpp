@@ -109,13 +109,19 @@ TEST_F(ModelTest, BornDOSetsMembersAndRowOffsets) {
     EXPECT_EQ(ld->GetObj(4), nullptr);
     EXPECT_EQ(vcc->GetObj(3), ListOb(vcc->Vars, 3));
 
+    const struct {
+        const char* name;
+        StringList* list;
+        int index;
+    } finds[] = {{"R", &ld->Vars, 3},
+                 {"TrSet_1", &ld->TransSets, 0},
+                 {"Next_DSTransfer_Set", &ld->NextSets, 1}};
+    for (const auto& f : finds) {
+        int index = 99;
+        EXPECT_EQ(ld->FindInd(f.name, index), f.list) << f.name;
+        EXPECT_EQ(index, f.index) << f.name;
+    }
     int index = 99;
-    EXPECT_EQ(ld->FindInd("R", index), &ld->Vars);
-    EXPECT_EQ(index, 3);
-    EXPECT_EQ(ld->FindInd("TrSet_1", index), &ld->TransSets);
-    EXPECT_EQ(index, 0);
-    EXPECT_EQ(ld->FindInd("Next_DSTransfer_Set", index), &ld->NextSets);
-    EXPECT_EQ(index, 1);
     EXPECT_EQ(ld->FindInd("Nope", index), nullptr);
 }
 
@@ -129,34 +135,31 @@ TEST_F(ModelTest, VccLookups) {
     vcc->DataSets.AddObject("DS", dataSet, true);
 
     EXPECT_EQ(vcc->GetChildCount(), 3);
-    EXPECT_EQ(vcc->GetChildById(0), a);
-    EXPECT_EQ(vcc->GetChildById(1), s);
     // The row after the variables reads the variables again.
-    EXPECT_EQ(vcc->GetChildById(2), a);
-    EXPECT_EQ(vcc->GetChildById(3), nullptr);
-    EXPECT_EQ(vcc->GetChildById(-1), nullptr);
+    const DcICCPBase* rows[] = {nullptr, a, s, a, nullptr};
+    for (int row = -1; row <= 3; ++row)
+        EXPECT_EQ(vcc->GetChildById(row), rows[row + 1]) << row;
     EXPECT_EQ(vcc->GetChildRow(a), -1);
 
-    EXPECT_EQ(vcc->GetDAbyLongName("ICC_1/Var$X"), var);
-    EXPECT_EQ(vcc->GetDAbyLongName("ICC_1/Var"), var);
-    EXPECT_EQ(vcc->GetDAbyLongName("ICC_1/Str$Q$Flags"),
-              ListOb(qobject_cast<DcDO*>(ListOb(str->Members, 0))->Members, 1));
-    EXPECT_EQ(vcc->GetDAbyLongName("S$Value"), ListOb(s->Members, 0));
-    EXPECT_EQ(vcc->GetDAbyLongName("S$Nope"), nullptr);
-    EXPECT_EQ(vcc->GetDAbyLongName("ICC_9/Var"), nullptr);
     DcLD* stranger = new DcLD(s);
     stranger->name = "L";
     s->Members.AddObject("L", stranger, true);
-    EXPECT_EQ(vcc->GetDAbyLongName("S$L$X"), nullptr);
+    const std::pair<const char*, DcICCPBase*> names[] = {
+        {"ICC_1/Var$X", var},
+        {"ICC_1/Var", var},
+        {"ICC_1/Str$Q$Flags", ListOb(qobject_cast<DcDO*>(ListOb(str->Members, 0))->Members, 1)},
+        {"S$Value", ListOb(s->Members, 0)},
+        {"S$Nope", nullptr},
+        {"ICC_9/Var", nullptr},
+        {"S$L$X", nullptr}};
+    for (const auto& n : names)
+        EXPECT_EQ(vcc->GetDAbyLongName(n.first), n.second) << n.first;
 
     EXPECT_TRUE(vcc->IsDO("ICC_1/Str"));
-    EXPECT_FALSE(vcc->IsDO("ICC_1/Var"));
-    EXPECT_FALSE(vcc->IsDO("ICC_2/Str"));
-    EXPECT_FALSE(vcc->IsDO("S"));
+    for (const char* notDO : {"ICC_1/Var", "ICC_2/Str", "S"})
+        EXPECT_FALSE(vcc->IsDO(notDO)) << notDO;
 
-    DcDA* extra = new DcDA(vcc);
-    extra->name = "A";
-    vcc->Extra.AddObject("A", extra, true);
+    DcDA* extra = AddRaw<DcDA>(vcc->Extra, vcc, "A");
     int index = -5;
     EXPECT_EQ(vcc->FindObject("A"), extra);
     EXPECT_EQ(vcc->FindInd("A", index), &vcc->Extra);
@@ -209,16 +212,14 @@ TEST_F(ModelTest, InitVar4DSAddsTheServiceVariablesOnce) {
     EXPECT_FALSE(ListOb(icc->Vars, 0)->Service);
     EXPECT_EQ(qobject_cast<DcDA*>(ListOb(icc->Vars, 0))->type, "INT32");
 
-    DcDA* events = qobject_cast<DcDA*>(ListOb(vcc->Vars, vcc->Vars.IndexOf("Event_Code_Detected")));
-    ASSERT_NE(events, nullptr);
-    EXPECT_EQ(events->type, "INT16");
-    EXPECT_EQ(ValueOf(events), "0");
-    DcDA* stamp =
-        qobject_cast<DcDA*>(ListOb(vcc->Vars, vcc->Vars.IndexOf("Transfer_Set_Time_Stamp")));
-    EXPECT_EQ(stamp->type, "INT32");
-    DcDA* conditions =
-        qobject_cast<DcDA*>(ListOb(vcc->Vars, vcc->Vars.IndexOf("DSConditions_Detected")));
-    EXPECT_EQ(conditions->type, "BitString");
+    const std::pair<const char*, const char*> types[] = {{"Event_Code_Detected", "INT16"},
+                                                         {"Transfer_Set_Time_Stamp", "INT32"},
+                                                         {"DSConditions_Detected", "BitString"}};
+    for (const auto& t : types) {
+        DcDA* da = qobject_cast<DcDA*>(ListOb(vcc->Vars, vcc->Vars.IndexOf(t.first)));
+        ASSERT_NE(da, nullptr) << t.first;
+        EXPECT_EQ(da->type, t.second);
+    }
 
     auto scopeType = [](StringList& vars) {
         DcDO* name = qobject_cast<DcDO*>(ListOb(vars, vars.IndexOf("Transfer_Set_Name")));
@@ -315,28 +316,22 @@ TEST_F(ModelTest, ContainerWritersByteForByte) {
     icc->name = "I";
     icc->desc = "x";
     vcc->ICCs.ChString(0, "I");
-    DcDA* a = new DcDA(vcc);
-    a->name = "A";
+    DcDA* a = AddRaw<DcDA>(vcc->Vars, vcc, "A");
     a->svalue = "1";
-    vcc->Vars.AddObject("A", a, true);
     vcc->Vars.AddObject("Gone", nullptr, true);
     DcDataSet* ds = new DcDataSet("DS", vcc);
     vcc->DataSets.AddObject("DS", ds, true);
 
     icc->NextSet = new DcNextTransferSet(icc);
     icc->NextSets.AddObject(icc->NextSet->name, icc->NextSet, true);
-    DcDA* b = new DcDA(icc);
-    b->name = "B";
-    icc->Vars.AddObject("B", b, true);
+    DcDA* b = AddRaw<DcDA>(icc->Vars, icc, "B");
     DcDataSet* empty = new DcDataSet("E", nullptr);
     icc->DataSets.AddObject("E", empty, true);
     DcDataSet* l = new DcDataSet("L", icc);
     icc->DataSets.AddObject("L", l, true);
     l->AddObRef(b);
     // Any object stands in a transfer set's place in the writer's order.
-    DcDO* t = new DcDO(icc);
-    t->name = "T";
-    icc->TransSets.AddObject("T", t, true);
+    AddRaw<DcDO>(icc->TransSets, icc, "T");
 
     EXPECT_EQ(vcc->ToXML(2),
               "  <DcVCC name = \"V\"  desc=\"d\"  >\r\n"
@@ -356,9 +351,7 @@ TEST_F(ModelTest, ContainerWritersByteForByte) {
               "    </DcLD> \r\n"
               "  </DcVCC>\r\n");
 
-    DcDO* t2 = new DcDO(icc);
-    t2->name = "T2";
-    icc->TransSets.AddObject("T2", t2, true);
+    AddRaw<DcDO>(icc->TransSets, icc, "T2");
     a->type = "INT16";
     a->desc = "da";
     b->type = "INT32";

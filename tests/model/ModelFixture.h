@@ -57,6 +57,16 @@ protected:
     DcLD* icc = nullptr;
 };
 
+// A variable made as the readers make it, with its texts only, put in list.
+template <class T>
+T* AddRaw(StringList& list, QObject* owner, const std::string& name, const std::string& type = "") {
+    T* variable = new T(owner);
+    variable->name = name;
+    variable->type = type;
+    list.AddObject(name, variable, true);
+    return variable;
+}
+
 // The value of a variable as text, empty without a value.
 std::string ValueOf(DcDA* variable);
 // The names of the children of node, joined with ",".

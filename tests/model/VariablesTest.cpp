@@ -10,17 +10,12 @@
 
 TEST_F(ModelTest, ConstructorsTakeTheTemplate) {
     DcDA withValue("A", GetDcDAType("INT16"), nullptr);
-    EXPECT_EQ(withValue.type, "INT16");
     EXPECT_EQ(withValue.svalue, "0");
     EXPECT_EQ(withValue.Value->bType, 2);
     EXPECT_EQ(withValue.ByteCount, 1);
-    EXPECT_EQ(withValue.unused, 0);
-    EXPECT_EQ(ValueOf(&withValue), "0");
 
     DcDA noValue("T", GetDcDAType("Data_TimeStamp"), nullptr);
-    EXPECT_EQ(noValue.Template, GetDcDAType("Data_TimeStamp"));
     EXPECT_EQ(noValue.type, "Data_TimeStamp");
-    EXPECT_EQ(noValue.svalue, "");
     EXPECT_EQ(noValue.Value->Buf, nullptr);
     EXPECT_EQ(noValue.ByteCount, 0);
 
@@ -68,15 +63,12 @@ TEST_F(ModelTest, GetVarAndPutVarFollowPaths) {
     EXPECT_EQ(r->PutVar("Q$Value", "2.5"), 0);
     EXPECT_EQ(r->GetVar("Q$Value", out), 0);
     EXPECT_EQ(out, "2.500000");
-    out = "unchanged";
-    EXPECT_EQ(r->GetVar("Q", out), -1);
-    EXPECT_EQ(r->GetVar("Q$Value$X", out), -1);
-    EXPECT_EQ(r->GetVar("TimeStamp$X", out), -1);
-    EXPECT_EQ(r->GetVar("Nope", out), -1);
-    EXPECT_EQ(r->GetVar("", out), -1);
-    EXPECT_EQ(out, "unchanged");
-    EXPECT_EQ(r->PutVar("Q$Nope", "1"), -1);
-    EXPECT_EQ(r->PutVar("Q", "1"), -1);
+    for (const char* bad : {"Q", "Q$Value$X", "TimeStamp$X", "Nope", "", "Q$Nope"}) {
+        out = "unchanged";
+        EXPECT_EQ(r->GetVar(bad, out), -1) << bad;
+        EXPECT_EQ(out, "unchanged");
+        EXPECT_EQ(r->PutVar(bad, "1"), -1) << bad;
+    }
 
     EXPECT_EQ(icc->GetVar("R$Q$Flags", out), 0);
     EXPECT_EQ(out, "00000000");
@@ -85,11 +77,10 @@ TEST_F(ModelTest, GetVarAndPutVarFollowPaths) {
     EXPECT_EQ(out, "10000001");
     EXPECT_EQ(icc->GetVar("Missing", out), -1);
 
-    EXPECT_TRUE(r->IsValidFName("Q$Value"));
-    EXPECT_TRUE(r->IsValidFName("TimeStamp"));
-    EXPECT_FALSE(r->IsValidFName("Q$Nope"));
-    EXPECT_FALSE(r->IsValidFName("TimeStamp$X"));
-    EXPECT_FALSE(r->IsValidFName("Nope$Value"));
+    for (const char* good : {"Q$Value", "TimeStamp"})
+        EXPECT_TRUE(r->IsValidFName(good)) << good;
+    for (const char* bad : {"Q$Nope", "TimeStamp$X", "Nope$Value"})
+        EXPECT_FALSE(r->IsValidFName(bad)) << bad;
 }
 
 TEST_F(ModelTest, FindDOwZeroGivesEmptyStructuresTheirMembers) {
@@ -119,19 +110,10 @@ TEST_F(ModelTest, FindDOwZeroGivesEmptyStructuresTheirMembers) {
     EXPECT_EQ(ValueOf(proto), "-10.000000");
 
     // A structure with members is not born again, its empty members are.
-    DcDO* mixed = new DcDO(vcc);
-    mixed->name = "M";
-    DcDA* only = new DcDA("Only", GetDcDAType("INT16"), mixed);
-    mixed->Members.AddObject("Only", only, true);
-    DcDO* empty = new DcDO(mixed);
-    empty->name = "E";
-    empty->type = "Data_RealQ";
-    mixed->Members.AddObject("E", empty, true);
-    DcDO* unknown = new DcDO(mixed);
-    unknown->name = "U";
-    unknown->type = "Unknown";
-    mixed->Members.AddObject("U", unknown, true);
-    vcc->Vars.AddObject("M", mixed, true);
+    DcDO* mixed = AddRaw<DcDO>(vcc->Vars, vcc, "M");
+    AddDA(mixed->Members, mixed, "Only");
+    DcDO* empty = AddRaw<DcDO>(mixed->Members, mixed, "E", "Data_RealQ");
+    DcDO* unknown = AddRaw<DcDO>(mixed->Members, mixed, "U", "Unknown");
     FindDOwZero(mixed);
     FindDOwZero(r);
     FindDOwZero(nullptr);
@@ -184,19 +166,10 @@ TEST_F(ModelTest, GetValidReportsMembersWithoutTemplates) {
     log.Listen(structure);
     EXPECT_TRUE(structure->GetValid());
 
-    DcDA* stray = new DcDA(structure);
-    stray->name = "Stray";
-    stray->type = "Nope";
-    structure->Members.AddObject("Stray", stray, true);
+    AddRaw<DcDA>(structure->Members, structure, "Stray", "Nope");
     DcDO* q = qobject_cast<DcDO*>(ListOb(structure->Members, 0));
-    DcDA* inner = new DcDA(q);
-    inner->name = "Inner";
-    inner->type = "Nope";
-    q->Members.AddObject("Inner", inner, true);
-    DcDO* unknown = new DcDO(structure);
-    unknown->name = "U";
-    unknown->type = "Unknown";
-    structure->Members.AddObject("U", unknown, true);
+    AddRaw<DcDA>(q->Members, q, "Inner", "Nope");
+    AddRaw<DcDO>(structure->Members, structure, "U", "Unknown");
     q->Template = nullptr;
 
     EXPECT_FALSE(structure->GetValid());
@@ -351,21 +324,13 @@ TEST_F(ModelTest, VariableWritersByteForByte) {
                              "refDSRT = \"\" ByteCount=\"0\"  unused=\"-2\" refDS = \"\"  "
                              "flagAbility = \"0\" /> \r\n");
 
-    DcDO* s = new DcDO(vcc);
-    s->name = "S";
-    s->type = "T";
+    DcDO* s = AddRaw<DcDO>(vcc->Vars, vcc, "S", "T");
     s->desc = "sd";
     s->refDSRT = "rt";
     s->refDS = "R;";
-    vcc->Vars.AddObject("S", s, true);
-    DcDA* m = new DcDA(s);
-    m->name = "M";
-    m->type = "X";
+    DcDA* m = AddRaw<DcDA>(s->Members, s, "M", "X");
     m->svalue = "1";
-    s->Members.AddObject("M", m, true);
-    DcDO* inner = new DcDO(s);
-    inner->name = "I";
-    s->Members.AddObject("I", inner, true);
+    AddRaw<DcDO>(s->Members, s, "I");
     EXPECT_EQ(s->ToXML(2),
               "  <DcDO  name = \"S\" type = \"T\" desc = \"sd\" refDSRT = \"rt\" refDS = \"R;\" "
               ">\r\n"

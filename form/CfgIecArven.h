@@ -265,6 +265,9 @@ public slots:
     void OnAddLD();
     void OnAddDS();
 
+    // Puts the selected variables of tVIed into a data set picked in a dialog.
+    void OnAddOb2DS();
+
 protected:
     bool event(QEvent* e) override;
     void showEvent(QShowEvent* e) override;

@@ -1,0 +1,138 @@
+// Variables of the model tree put into a data set as members, with the data
+// set's number written to their tags.
+#include "dialogs/ChoiceDS.h"
+#include "form/CfgIecArven.h"
+#include "model/ICCPTypes_Nat.h"
+#include "support/myNode.h"
+#include "tags/TagBinding.h"
+#include "views/SomeModelsIED.h"
+
+#include <QApplication>
+#include <QListWidget>
+#include <QMenu>
+#include <QMessageBox>
+
+static bool IsVariable(DcICCPBase* ob) {
+    if (!ob)
+        return false;
+    const QString cls = ob->ClassName();
+    return cls == "DcDA" || cls == "DcDO";
+}
+
+static void Inform(QWidget* parent, const QString& text) {
+    QMessageBox::information(parent, "Сообщение", text, QMessageBox::Ok);
+}
+
+// The data sets of the host row: the VCC's or the ICC's; null for any other.
+static StringList* HostDataSets(DcICCPBase* host, QString& prefix) {
+    const QString cls = host->ClassName();
+    if (cls == "DcVCC")
+        return &static_cast<DcVCC*>(host)->DataSets;
+    if (cls == "DcLD") {
+        prefix = LocalToQ(host->name) + "/";
+        return &static_cast<DcLD*>(host)->DataSets;
+    }
+    return nullptr;
+}
+
+// The 1-based number of the set in its owner's list; 1 for an owner that is
+// neither VCC nor ICC. A set still kept in an ICC's list with the VCC as
+// owner is numbered by the list it was chosen from.
+static int DataSetNumber(DcDataSet* set, StringList* chosenFrom) {
+    DcICCPBase* owner = set->OwnerOb();
+    QString prefix;
+    StringList* list = owner ? HostDataSets(owner, prefix) : nullptr;
+    if (!list)
+        return 1;
+    int position = FindIdObjByPtr(set, list);
+    if (position < 0)
+        position = FindIdObjByPtr(set, chosenFrom);
+    return position + 1;
+}
+
+void CfgArvenSR::OnAddOb2DS() {
+    if (!pTreeIedModel)
+        return;
+    const QModelIndex current = tVIed->currentIndex();
+    myNode* node = current.isValid() ? pTreeIedModel->nodeFromIndex(current) : nullptr;
+    if (!node || !node->object)
+        return;
+    if (!IsVariable(static_cast<DcICCPBase*>(node->object)) || IsOwn(node, "DcDataSet"))
+        return;
+
+    ChoiceDS* dialog = NeedChoiceDS();
+    dialog->setWindowFlags(dialog->windowFlags() & ~Qt::WindowContextHelpButtonHint);
+    dialog->setWindowTitle("Перемещение в DataSet");
+    dialog->listWidget->clear();
+
+    const QModelIndex hostRow = FindHost(pTreeIedModel, current);
+    auto host = static_cast<DcICCPBase*>(RowObject(hostRow));
+    if (!host)
+        return;
+    QString prefix;
+    StringList* sets = HostDataSets(host, prefix);
+    if (!sets)
+        return;
+    for (int i = 0; i < sets->Count; ++i) {
+        auto item = new QListWidgetItem(prefix + LocalToQ(sets->Strings(i)));
+        item->setData(Qt::UserRole, QVariant::fromValue(sets->Objects(i)));
+        dialog->listWidget->addItem(item);
+    }
+
+    const QModelIndexList selected = tVIed->selectionModel()->selectedIndexes();
+    QList<DcICCPBase*> vars;
+    for (const QModelIndex& index : selected) {
+        if (index.column() != 0)
+            continue;
+        auto var = static_cast<DcICCPBase*>(RowObject(index));
+        if (index.parent() != selected.first().parent() || !IsVariable(var)) {
+            Inform(this, "Выделенные элементы должны быть переменными и принадлежать одному "
+                         "родителю");
+            return;
+        }
+        vars << var;
+    }
+
+    if (MenuIed)
+        MenuIed->hide();
+    int result = QDialog::Accepted;
+    do
+        result = dialog->exec();
+    while (result == QDialog::Accepted && !dialog->listWidget->currentItem());
+    if (result == QDialog::Accepted) {
+        auto set = static_cast<DcDataSet*>(
+            dialog->listWidget->currentItem()->data(Qt::UserRole).value<void*>());
+        const int number = DataSetNumber(set, sets);
+        const QString ref = set->GetRefNameDS();
+        for (DcICCPBase* var : vars) {
+            // A failed read counts as another number; writes to a missing tag
+            // fail in silence.
+            void* tag = var->BoundTag;
+            int old = 0;
+            if (tag && GetIntProp(tag, "isinDataSet", old) && old == number)
+                continue;
+            if (tag)
+                SetIntProp(tag, "isinDataSet", number);
+            const std::string fullName = var->GetFullName();
+            if (var->refDSRT.contains(ref) || set->Elems.IndexOf(fullName) >= 0) {
+                Inform(this, "ССылка уже существует");
+                break;
+            }
+            var->refDS += ref;
+            var->refDSRT += ref;
+            set->Elems.InsertObject(0, fullName, var);
+            QListWidgetItem* shown = lWInfo->currentItem();
+            if (shown && shown->text() == LocalToQ(set->GetFullName())) {
+                auto item = new QListWidgetItem(LocalToQ(fullName));
+                item->setData(Qt::UserRole, QVariant::fromValue(static_cast<void*>(var)));
+                lWInfo_2->insertItem(0, item);
+            }
+            if (tag)
+                SetIntProp(tag, "isinDataSet", number);
+        }
+    }
+    if (MenuIed && QApplication::activeWindow() == MenuIed)
+        MenuIed->hide();
+    if (MenuIed && MenuIed->isVisible())
+        MenuIed->hide();
+}

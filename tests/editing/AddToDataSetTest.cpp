@@ -1,0 +1,228 @@
+// Variables of the model tree put into a data set through the choice dialog:
+// membership, references, the tag's data set number and the refusals.
+#include "common/FormFixture.h"
+
+#include "dialogs/ChoiceDS.h"
+#include "form/CfgIecArven.h"
+#include "model/ICCPTypes_Nat.h"
+#include "plugin/CfgIecArvenlib.h"
+#include "support/myNode.h"
+#include "views/SomeModelsIED.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QListWidget>
+#include <QTimer>
+
+namespace {
+
+// The variable bound to tag, in list.
+DcICCPBase* VarOfTag(StringList& list, HostObject* tag) {
+    for (int i = 0; i < list.Count; ++i)
+        if (ListOb(list, i)->BoundTag == tag)
+            return ListOb(list, i);
+    return nullptr;
+}
+
+// The row of ob under a "Переменные" folder, not one of its member rows.
+QModelIndex VarRow(CfgArvenSR* f, DcICCPBase* ob) {
+    IEDTreeModel* m = f->pTreeIedModel;
+    for (const QModelIndex& hit :
+         m->match(m->index(0, 0), Qt::UserRole, QVariant::fromValue(static_cast<void*>(ob)), -1,
+                  Qt::MatchRecursive | Qt::MatchWrap))
+        if (hit.parent().data().toString() == "Переменные")
+            return hit;
+    return QModelIndex();
+}
+
+// Makes the rows current and selected, whole rows.
+void Select(CfgArvenSR* f, const QModelIndexList& rows) {
+    f->tVIed->selectionModel()->clear();
+    f->tVIed->selectionModel()->setCurrentIndex(rows.first(), QItemSelectionModel::NoUpdate);
+    for (const QModelIndex& row : rows)
+        f->tVIed->selectionModel()->select(row,
+                                           QItemSelectionModel::Select | QItemSelectionModel::Rows);
+}
+
+// Answers the choice dialog each time it is up and no message box is: with
+// the next row of `rows` made current (-1: none), then accepted; past the
+// list, with Cancel. The texts of the list and the title are kept. With
+// doubleClick the row is double-clicked instead of accepted.
+struct ChoiceScript {
+    QList<int> rows;
+    bool doubleClick = false;
+    int shows = 0;
+    QString title;
+    QStringList texts;
+    QTimer timer;
+
+    explicit ChoiceScript(QList<int> answers) : rows(answers) {
+        QObject::connect(&timer, &QTimer::timeout, [this] {
+            if (!pChoiceDS || !pChoiceDS->isVisible() ||
+                qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+                return;
+            ++shows;
+            title = pChoiceDS->windowTitle();
+            texts.clear();
+            for (int i = 0; i < pChoiceDS->listWidget->count(); ++i)
+                texts << pChoiceDS->listWidget->item(i)->text();
+            if (rows.isEmpty()) {
+                pChoiceDS->reject();
+                return;
+            }
+            pChoiceDS->listWidget->setCurrentRow(rows.takeFirst());
+            if (doubleClick)
+                emit pChoiceDS->listWidget->itemDoubleClicked(pChoiceDS->listWidget->currentItem());
+            else
+                pChoiceDS->accept();
+        });
+        timer.start(20);
+    }
+};
+
+} // namespace
+
+using AddToDataSet = FormTest;
+
+namespace {
+
+DcLD* ICC1() {
+    return qobject_cast<DcLD*>(ListOb(pVCC->ICCs, 0));
+}
+
+} // namespace
+
+TEST_F(AddToDataSet, VariableJoinsTheChosenSetAndItsTagKeepsTheNumber) {
+    OpenForm(p.unit, [&](CfgArvenSR* f) {
+        DcICCPBase* q1 = VarOfTag(ICC1()->Vars, p.tagState);
+        ASSERT_NE(q1, nullptr);
+        const QString refBefore = q1->refDSRT;
+        auto set = qobject_cast<DcDataSet*>(ListOb(ICC1()->DataSets, 1));
+        ASSERT_NE(set, nullptr);
+        const QModelIndex row = VarRow(f, q1);
+        ASSERT_TRUE(row.isValid());
+        for (int i = 0; i < f->lWInfo->count(); ++i)
+            if (f->lWInfo->item(i)->text() == "ICC_1/DataSet_2")
+                f->lWInfo->setCurrentRow(i);
+        const int shownBefore = f->lWInfo_2->count();
+        const int membersBefore = set->Elems.Count;
+
+        // An accept without a row brings the dialog back.
+        {
+            ChoiceScript script({-1, 1});
+            Select(f, {row});
+            f->OnAddOb2DS();
+            EXPECT_EQ(script.shows, 2);
+            EXPECT_EQ(script.title, "Перемещение в DataSet");
+            EXPECT_EQ(script.texts,
+                      QStringList({"ICC_1/DataSet_1", "ICC_1/DataSet_2", "ICC_1/DataSet_3"}));
+        }
+        EXPECT_EQ(p.tagState->get("isinDataSet").toInt(), 2);
+        EXPECT_EQ(q1->refDSRT, refBefore + "ICC_1/DataSet_2;");
+        EXPECT_TRUE(q1->refDS.endsWith("ICC_1/DataSet_2;"));
+        ASSERT_EQ(set->Elems.Count, membersBefore + 1);
+        EXPECT_EQ(set->Elems.Strings(0), "ICC_1/" + q1->name);
+        EXPECT_EQ(set->Elems.Objects(0), q1);
+        ASSERT_EQ(f->lWInfo_2->count(), shownBefore + 1);
+        EXPECT_EQ(f->lWInfo_2->item(0)->text(), QString::fromStdString("ICC_1/" + q1->name));
+        EXPECT_EQ(f->lWInfo_2->item(0)->data(Qt::UserRole).value<void*>(), q1);
+        EXPECT_EQ(boxes.count(), 0);
+
+        // The same number on the tag: passed over in silence, even for a set
+        // that doesn't hold the variable.
+        {
+            ChoiceScript script({1, 2});
+            f->OnAddOb2DS();
+            p.tagState->set("isinDataSet", 3);
+            f->OnAddOb2DS();
+            EXPECT_EQ(script.shows, 2);
+        }
+        EXPECT_EQ(set->Elems.Count, membersBefore + 1);
+        EXPECT_EQ(FindIdObjByPtr(q1, &qobject_cast<DcDataSet*>(ListOb(ICC1()->DataSets, 2))->Elems),
+                  -1);
+        EXPECT_EQ(boxes.count(), 0);
+
+        // Another number on the tag but the reference already there: the
+        // number is written all the same, and nothing is added.
+        p.tagState->set("isinDataSet", 0);
+        {
+            ChoiceScript script({1});
+            f->OnAddOb2DS();
+        }
+        ASSERT_EQ(boxes.count(), 1);
+        EXPECT_EQ(boxes.boxes()[0].title, "Сообщение");
+        EXPECT_EQ(boxes.boxes()[0].text, "ССылка уже существует");
+        EXPECT_EQ(p.tagState->get("isinDataSet").toInt(), 2);
+        EXPECT_EQ(q1->refDSRT, refBefore + "ICC_1/DataSet_2;");
+        EXPECT_EQ(set->Elems.Count, membersBefore + 1);
+
+        // Cancel changes nothing.
+        p.tagState->set("isinDataSet", 0);
+        {
+            ChoiceScript script({});
+            f->OnAddOb2DS();
+            EXPECT_EQ(script.shows, 1);
+        }
+        EXPECT_EQ(p.tagState->get("isinDataSet").toInt(), 0);
+        EXPECT_EQ(boxes.count(), 1);
+    });
+}
+
+TEST_F(AddToDataSet, VariableWithoutTagJoinsTheVccSet) {
+    OpenForm(p.unit, [&](CfgArvenSR* f) {
+        DcICCPBase* version = ListOb(pVCC->Vars, pVCC->Vars.IndexOf("TASE2_Version"));
+        ASSERT_NE(version, nullptr);
+        ASSERT_EQ(version->BoundTag, nullptr);
+        // Through the tool bar's action, answered by a double click.
+        ChoiceScript script({0});
+        script.doubleClick = true;
+        Select(f, {VarRow(f, version)});
+        f->actAdd2DS->setEnabled(true);
+        f->actAdd2DS->trigger();
+        EXPECT_EQ(script.shows, 1);
+        EXPECT_EQ(script.texts, QStringList({"DataSet_1"}));
+        EXPECT_TRUE(version->refDSRT.endsWith("DataSet_1;"));
+        auto set = qobject_cast<DcDataSet*>(ListOb(pVCC->DataSets, 0));
+        EXPECT_EQ(set->Elems.Strings(0), "TASE2_Version");
+        EXPECT_EQ(boxes.count(), 0);
+    });
+}
+
+TEST_F(AddToDataSet, OnlyVariablesOfOneFolderAreTaken) {
+    OpenForm(p.unit, [&](CfgArvenSR* f) {
+        DcICCPBase* q1 = VarOfTag(ICC1()->Vars, p.tagState);
+        DcICCPBase* version = ListOb(pVCC->Vars, pVCC->Vars.IndexOf("TASE2_Version"));
+        ChoiceScript script({0});
+        const QModelIndex q1Row = VarRow(f, q1);
+
+        // A folder row, an ICC row, a member row of a data set: nothing.
+        IEDTreeModel* m = f->pTreeIedModel;
+        const QModelIndex setRow =
+            m->match(m->index(0, 0), Qt::UserRole,
+                     QVariant::fromValue(static_cast<void*>(ListOb(ICC1()->DataSets, 0))), 1,
+                     Qt::MatchRecursive | Qt::MatchWrap)
+                .value(0);
+        ASSERT_TRUE(setRow.isValid());
+        const int members = m->rowCount(setRow);
+        m->beginInsertRows(setRow, members, members);
+        m->nodeFromIndex(setRow)->AddChild(q1->name, q1);
+        m->endInsertRows();
+        for (const QModelIndex& row :
+             {q1Row.parent(), q1Row.parent().parent(), m->index(members, 0, setRow)}) {
+            ASSERT_TRUE(row.isValid());
+            Select(f, {row});
+            f->OnAddOb2DS();
+        }
+        // Two parents: told, with no dialog.
+        Select(f, {q1Row, VarRow(f, version)});
+        f->OnAddOb2DS();
+        QApplication::processEvents();
+        EXPECT_EQ(script.shows, 0);
+        ASSERT_EQ(boxes.count(), 1);
+        EXPECT_EQ(boxes.boxes()[0].title, "Сообщение");
+        EXPECT_EQ(boxes.boxes()[0].text,
+                  "Выделенные элементы должны быть переменными и принадлежать одному родителю");
+        EXPECT_EQ(p.tagState->get("isinDataSet").toInt(), 1);
+        EXPECT_TRUE(version->refDSRT.isEmpty());
+    });
+}

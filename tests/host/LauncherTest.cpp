@@ -26,6 +26,13 @@ HostRun Launch(const QStringList& args) {
             process.readAllStandardOutput(), QString::fromUtf8(process.readAllStandardError())};
 }
 
+// A run that ends with status and says text on its error output.
+void ExpectRun(const QStringList& args, int status, const QString& text) {
+    const HostRun r = Launch(args);
+    EXPECT_EQ(r.status, status) << qPrintable(args.join(' '));
+    EXPECT_TRUE(r.err.contains(text)) << qPrintable(r.err);
+}
+
 ino_t Inode(const QString& path) {
     struct stat st;
     return stat(path.toLocal8Bit().constData(), &st) == 0 ? st.st_ino : 0;
@@ -34,41 +41,29 @@ ino_t Inode(const QString& path) {
 } // namespace
 
 TEST(Launcher, CommandLineRefusals) {
-    HostRun r = Launch({"--help"});
+    const HostRun r = Launch({"--help"});
     EXPECT_EQ(r.status, 0);
     EXPECT_TRUE(r.out.startsWith("usage: iccp-host [PROJECT.json]"));
     for (const QStringList& bad :
          {QStringList{"--unit"}, QStringList{"--unit", "-1"}, QStringList{"--unit", "x"},
-          QStringList{"--frobnicate"}, QStringList{"a.json", "b.json"}}) {
-        r = Launch(bad);
-        EXPECT_EQ(r.status, 2) << qPrintable(bad.join(' '));
-        EXPECT_TRUE(r.err.contains("usage: iccp-host")) << qPrintable(r.err);
-    }
+          QStringList{"--frobnicate"}, QStringList{"a.json", "b.json"}})
+        ExpectRun(bad, 2, "usage: iccp-host");
 
     QTemporaryDir dir;
     const QString missing = dir.filePath("missing.json");
-    r = Launch({missing, "--headless"});
-    EXPECT_EQ(r.status, 1);
-    EXPECT_TRUE(r.err.contains(missing)) << qPrintable(r.err);
+    ExpectRun({missing, "--headless"}, 1, missing);
 
     // A project without a line, and a unit past the end.
     HostProject empty;
     empty.create(nullptr, cotProject);
     const QString noLine = dir.filePath("noline.json");
     ASSERT_TRUE(SaveProject(empty, noLine));
-    r = Launch({noLine, "--headless"});
-    EXPECT_EQ(r.status, 1);
-    EXPECT_TRUE(r.err.contains("the project has no line")) << qPrintable(r.err);
+    ExpectRun({noLine, "--headless"}, 1, "the project has no line");
     SmallProject p;
     const QString small = dir.filePath("small.json");
     ASSERT_TRUE(SaveProject(p.host, small));
-    r = Launch({small, "--headless", "--unit", "2"});
-    EXPECT_EQ(r.status, 1);
-    EXPECT_TRUE(r.err.contains("there is no unit 2")) << qPrintable(r.err);
-
-    r = Launch({small, "--headless", "--plugin", dir.filePath("none.so")});
-    EXPECT_EQ(r.status, 1);
-    EXPECT_TRUE(r.err.contains("none.so")) << qPrintable(r.err);
+    ExpectRun({small, "--headless", "--unit", "2"}, 1, "there is no unit 2");
+    ExpectRun({small, "--headless", "--plugin", dir.filePath("none.so")}, 1, "none.so");
 }
 
 TEST(Launcher, HeadlessRunSavesTheProjectAndPrintsTheBlob) {

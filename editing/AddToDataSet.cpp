@@ -99,9 +99,11 @@ void CfgArvenSR::OnAddOb2DS() {
     do
         result = dialog->exec();
     while (result == QDialog::Accepted && !dialog->listWidget->currentItem());
-    if (result == QDialog::Accepted) {
-        auto set = static_cast<DcDataSet*>(
-            dialog->listWidget->currentItem()->data(Qt::UserRole).value<void*>());
+    auto set = static_cast<DcDataSet*>(
+        result == QDialog::Accepted
+            ? dialog->listWidget->currentItem()->data(Qt::UserRole).value<void*>()
+            : nullptr);
+    if (set) {
         const int number = DataSetNumber(set, sets);
         const QString ref = set->GetRefNameDS();
         for (DcICCPBase* var : vars) {

@@ -299,6 +299,7 @@ void CfgArvenSR::OnCreateVarICCP() {
         return;
     GetVarFrm* dialog = NeedGetVarFrm();
     dialog->ui.sBCount->setValue(selected.size());
+    Prepare4AddVar(free);
     for (;;) {
         if (dialog->exec() != QDialog::Accepted)
             return;

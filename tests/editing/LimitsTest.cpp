@@ -60,6 +60,8 @@ TEST_F(Limits, PropertyRoute) {
 }
 
 TEST_F(Limits, TwinRowValueNeedsAnIntSBO) {
+    // Read straight from the host, without opening the form first.
+    pGlobcfgInterface = static_cast<TCfgSlotFn*>(p.table());
     p.tagReal->set("presentSBO", 1);
     std::unique_ptr<myNodeValue> twin(NewNode4SBO(p.tagReal, "Freq_1"));
     ASSERT_NE(twin, nullptr);

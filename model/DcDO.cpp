@@ -269,13 +269,19 @@ void FindDOwZero(DcDO* dobject) {
     }
 }
 
+namespace {
+
+// The template of a type name when it is of class T; null otherwise.
+template <class T> T* TemplateOfClass(const std::string& typeName) {
+    const int t = pDcDTTP ? pDcDTTP->Types.IndexOf(typeName) : -1;
+    return t < 0 ? nullptr : qobject_cast<T*>(ListOb(pDcDTTP->Types, t));
+}
+
+} // namespace
+
 int DcDO::CreateDcDA(const std::string& typeName, const std::string& memberName,
                      const std::string& value) {
-    int t = pDcDTTP ? pDcDTTP->Types.IndexOf(typeName) : -1;
-    if (t < 0)
-        return t;
-    DcDAType* templ = qobject_cast<DcDAType*>(ListOb(pDcDTTP->Types, t));
-    if (!templ)
+    if (!TemplateOfClass<DcDAType>(typeName))
         return -1;
     int i = Members.IndexOf(memberName);
     if (i >= 0) {
@@ -284,20 +290,13 @@ int DcDO::CreateDcDA(const std::string& typeName, const std::string& memberName,
             da->Value->SetFromstring(value);
         return i;
     }
-    DcDA* da = new DcDA(memberName, templ, this);
-    da->Value->SetFromstring(value);
-    return Members.AddObject(memberName, da, true);
+    return CreateDcDA(typeName, memberName, value, &Members);
 }
 
 int DcDO::CreateDcDA(const std::string& typeName, const std::string& memberName,
                      const std::string& value, StringList* list) {
-    if (!list)
-        return -1;
-    int t = pDcDTTP ? pDcDTTP->Types.IndexOf(typeName) : -1;
-    if (t < 0)
-        return t;
-    DcDAType* templ = qobject_cast<DcDAType*>(ListOb(pDcDTTP->Types, t));
-    if (!templ)
+    DcDAType* templ = TemplateOfClass<DcDAType>(typeName);
+    if (!list || !templ)
         return -1;
     DcDA* da = new DcDA(memberName, templ, this);
     da->Value->SetFromstring(value);
@@ -305,10 +304,7 @@ int DcDO::CreateDcDA(const std::string& typeName, const std::string& memberName,
 }
 
 int DcDO::CreateDcDO(const std::string& typeName, const std::string& memberName) {
-    int t = pDcDTTP ? pDcDTTP->Types.IndexOf(typeName) : -1;
-    if (t < 0)
-        return t;
-    DcDOType* templ = qobject_cast<DcDOType*>(ListOb(pDcDTTP->Types, t));
+    DcDOType* templ = TemplateOfClass<DcDOType>(typeName);
     if (!templ)
         return -1;
     DcDO* dobject = new DcDO(memberName, templ, this);

@@ -28,8 +28,9 @@ TEST(BaseTypes, FindDAType2FollowsAliasesToABaseRow) {
         int row = Row(r.alias);
         ASSERT_GE(row, 0) << r.alias;
         EXPECT_STREQ(DATypes[row].name, r.base);
-        if (r.row >= 0)
+        if (r.row >= 0) {
             EXPECT_EQ(row, r.row);
+        }
     }
     // Aliases are upper-cased once at start, so the mixed-case name fails.
     for (const char* missing :

@@ -268,6 +268,10 @@ public slots:
     // Puts the selected variables of tVIed into a data set picked in a dialog.
     void OnAddOb2DS();
 
+    // A data set, a transfer set or the Next_DSTransfer_Set object, of the
+    // class, name and place picked in the object choice dialog; no control.
+    void OnAddOb();
+
 protected:
     bool event(QEvent* e) override;
     void showEvent(QShowEvent* e) override;

@@ -1,5 +1,7 @@
 #include "app/FormWatcher.h"
 
+#include "app/RunTimer.h"
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
@@ -7,8 +9,8 @@
 #include <QPushButton>
 #include <cstdio>
 
-FormWatcher::FormWatcher(bool closeForm, const QString& screenshot)
-    : m_closeForm(closeForm), m_screenshot(screenshot) {
+FormWatcher::FormWatcher(bool closeForm, const QString& screenshot, RunTimer* timer)
+    : m_closeForm(closeForm), m_screenshot(screenshot), m_runTimer(timer) {
     m_timer.setInterval(0);
     connect(&m_timer, SIGNAL(timeout()), this, SLOT(poll()));
 }
@@ -44,6 +46,11 @@ void FormWatcher::poll() {
 }
 
 void FormWatcher::handleForm(QWidget* form) {
+    if (m_runTimer) {
+        if (!m_runTimer->painted())
+            return;
+        m_runTimer->mark(RunTimer::Shown);
+    }
     m_formSeen = true;
     stop();
     if (!m_screenshot.isEmpty() && !form->grab().save(m_screenshot, "PNG"))

@@ -8,11 +8,14 @@
 #include <QTimer>
 
 class QWidget;
+class RunTimer;
 
 class FormWatcher : public QObject {
     Q_OBJECT
 public:
-    FormWatcher(bool closeForm, const QString& screenshot);
+    // With a timer, the form is handled only after its first paint, which
+    // marks it shown.
+    FormWatcher(bool closeForm, const QString& screenshot, RunTimer* timer = nullptr);
 
     // Polls at every turn of the event loop until the form has been handled.
     void start();
@@ -31,6 +34,7 @@ private:
     QTimer m_timer;
     bool m_closeForm;
     QString m_screenshot;
+    RunTimer* m_runTimer = nullptr;
     bool m_formSeen = false;
     QString m_screenshotError;
 };

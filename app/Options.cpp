@@ -2,7 +2,7 @@
 
 const char* const hostUsage =
     "usage: iccp-host [PROJECT.json] [--unit N] [--headless] [--print-datarun]\n"
-    "                 [--screenshot FILE.png] [--plugin PATH]\n"
+    "                 [--screenshot FILE.png] [--plugin PATH] [--timing]\n"
     "\n"
     "Opens the ICCP server configuration form for one unit of a host project.\n"
     "  PROJECT.json          project of the stand-in host, saved back after the form\n"
@@ -11,7 +11,11 @@ const char* const hostUsage =
     "  --headless            offscreen; the form is closed as soon as it is shown\n"
     "  --print-datarun       print the unit's $DATARUN after the form has closed\n"
     "  --screenshot FILE.png save a picture of the form once it is shown\n"
-    "  --plugin PATH         the plug-in library to load\n";
+    "  --plugin PATH         the plug-in library to load\n"
+    "  --timing              print to stderr the seconds of the project's load, the\n"
+    "                        form's opening (call to first paint) and closing (close\n"
+    "                        event to return, $DATARUN included), the save and the\n"
+    "                        teardown, and the peak memory\n";
 
 bool ParseOptions(const QStringList& args, HostOptions& options, QString& error) {
     for (int i = 0; i < args.size(); ++i) {
@@ -34,6 +38,8 @@ bool ParseOptions(const QStringList& args, HostOptions& options, QString& error)
             options.plugin = args[++i];
         } else if (arg == "--headless") {
             options.headless = true;
+        } else if (arg == "--timing") {
+            options.timing = true;
         } else if (arg == "--print-datarun") {
             options.printDatarun = true;
         } else if (arg == "-h" || arg == "--help") {

@@ -9,6 +9,7 @@ struct HostOptions {
     int unit = 0;    // position among the units of the first line's direction
     bool headless = false;
     bool printDatarun = false;
+    bool timing = false;
     QString screenshot;
     QString plugin;
     bool help = false;

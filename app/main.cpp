@@ -4,6 +4,7 @@
 #include "app/FormWatcher.h"
 #include "app/Options.h"
 #include "app/PluginLoader.h"
+#include "app/RunTimer.h"
 #include "host/DemoProject.h"
 #include "host/ProjectFile.h"
 
@@ -45,11 +46,14 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
 
+    RunTimer timer;
     HostProject project;
+    timer.mark(RunTimer::LoadStart);
     if (options.project.isEmpty())
         BuildDemoProject(project);
     else if (!LoadProject(project, options.project, &error))
         return Fail(error);
+    timer.mark(RunTimer::LoadEnd);
 
     HostObject* line = project.findFirst(cotLine);
     if (!line)
@@ -72,19 +76,31 @@ int main(int argc, char** argv) {
             static_cast<unsigned long long>(major), static_cast<unsigned long long>(minor),
             static_cast<unsigned long long>(build), author ? author : "");
 
-    FormWatcher watcher(options.headless, options.screenshot);
-    if (options.headless || !options.screenshot.isEmpty())
+    FormWatcher watcher(options.headless, options.screenshot, options.timing ? &timer : nullptr);
+    if (options.headless || !options.screenshot.isEmpty() || options.timing)
         watcher.start();
+    if (options.timing)
+        timer.watch();
+    timer.mark(RunTimer::FormGet);
     plugin.formGet(HostProject::table(), line, unit, nullptr);
+    timer.mark(RunTimer::FormReturned);
     watcher.stop();
 
+    timer.mark(RunTimer::SaveStart);
     if (!options.project.isEmpty() && !SaveProject(project, options.project, &error))
         return Fail(error);
+    timer.mark(RunTimer::SaveEnd);
     if (options.printDatarun)
         PrintDatarun(unit);
     if (!options.screenshot.isEmpty() && !watcher.formSeen())
         fprintf(stderr, "iccp-host: no form was shown, so no screenshot was taken\n");
     if (!watcher.screenshotError().isEmpty())
         return Fail(watcher.screenshotError());
+    if (options.timing) {
+        timer.mark(RunTimer::TeardownStart);
+        project.clear();
+        timer.mark(RunTimer::TeardownEnd);
+        timer.report();
+    }
     return 0;
 }

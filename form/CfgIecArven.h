@@ -31,6 +31,7 @@ class QMenuBar;
 class QStatusBar;
 class QToolBar;
 class TiXmlDocument;
+class CpropNode;
 class DcICCPBase;
 class IEDTreeModel;
 class PropDelegate4Desc;
@@ -193,9 +194,9 @@ public:
     void DeleteFromTagFolder(void* folder);
     void DeleteFromTag(void* tag);
     void DeleteVarFromtIED(void* tag);
-    // An edited property of a tag or of the unit, as key, new and old text
-    // (keys of enumerations already), applied to the model.
-    void ApplyTagProp(const QString& newValue, const QString& oldValue, void* ob, const char* key);
+    // A property of a tag or of the unit edited in the property tree: node
+    // holds the new value, old the previous one; the model follows the key.
+    void UpdPropTagUnit(CpropNode* node, QString old, void* ob, char* key);
     // Adds the tags below unit that have a key to pListTag, keeping the
     // highest number after "Noname" in maxNoname; the list's size.
     int FillListBTag(void* unit, int& maxNoname);

@@ -73,6 +73,23 @@ DcICCPBase* DomainContainer(int domain) {
     return domain == 0 ? pVCC : ListOb(pVCC->ICCs, domain - 1);
 }
 
+StringList* VarsOf(DcICCPBase* container) {
+    if (auto vcc = qobject_cast<DcVCC*>(container))
+        return &vcc->Vars;
+    if (auto icc = qobject_cast<DcLD*>(container))
+        return &icc->Vars;
+    return nullptr;
+}
+
+DcDataSet* DataSetOf(DcICCPBase* container, int number) {
+    StringList* sets = nullptr;
+    if (auto vcc = qobject_cast<DcVCC*>(container))
+        sets = &vcc->DataSets;
+    else if (auto icc = qobject_cast<DcLD*>(container))
+        sets = &icc->DataSets;
+    return sets ? qobject_cast<DcDataSet*>(ListOb(*sets, number - 1)) : nullptr;
+}
+
 TagData GetTagData(void* tag) {
     TagData data;
     GetIntProp(tag, "number", data.number);
@@ -102,6 +119,19 @@ std::string GetNamewNumberByTag(void* tag) {
     return name + "_" + Int2Str(number);
 }
 
+QModelIndex VarsFolderRow(QAbstractItemModel* model, DcICCPBase* container) {
+    if (!model || !container)
+        return QModelIndex();
+    const QModelIndex hit = FindFrom(model->index(0, 0), Qt::UserRole,
+                                     QVariant::fromValue(static_cast<void*>(container)));
+    return hit.isValid() ? FindFrom(hit, Qt::DisplayRole, QString("Переменные")) : QModelIndex();
+}
+
+QModelIndex VarRowOf(QAbstractItemModel* model, DcICCPBase* container, const QString& name) {
+    const QModelIndex folder = VarsFolderRow(model, container);
+    return folder.isValid() ? FindFrom(folder, Qt::DisplayRole, name) : QModelIndex();
+}
+
 DcICCPBase* GetObTreeIedByTag(void* tag, QModelIndex& index, int& domain, std::string& localName) {
     int number = 0;
     if (!GetIntProp(tag, "domain", domain) || !GetTextProp(tag, "tag_name", localName) ||
@@ -113,13 +143,8 @@ DcICCPBase* GetObTreeIedByTag(void* tag, QModelIndex& index, int& domain, std::s
     CfgArvenSR* form = FCfgArvenSR;
     if (!container || !form || !form->pTreeIedModel)
         return nullptr;
-    IEDTreeModel* model = form->pTreeIedModel;
-    QModelIndex hit = FindFrom(model->index(0, 0), Qt::UserRole,
-                               QVariant::fromValue(static_cast<void*>(container)));
-    if (hit.isValid())
-        hit = FindFrom(hit, Qt::DisplayRole, QString("Переменные"));
-    if (hit.isValid())
-        hit = FindFrom(hit, Qt::DisplayRole, QString::fromStdString(localName));
+    const QModelIndex hit =
+        VarRowOf(form->pTreeIedModel, container, QString::fromStdString(localName));
     if (!hit.isValid())
         return nullptr;
     index = hit;

@@ -3,9 +3,13 @@
 #pragma once
 
 #include <QModelIndex>
+#include <QString>
 #include <string>
 
+class DcDataSet;
+class QAbstractItemModel;
 class DcICCPBase;
+class StringList;
 
 // One tag as the variable sees it.
 struct TagData {
@@ -41,3 +45,13 @@ DcICCPBase* GetObTreeIedByTag(void* tag, QModelIndex& index, int& domain, std::s
 // The container of a domain: the VCC for 0, else that ICC; null past the end
 // of the ICC list.
 DcICCPBase* DomainContainer(int domain);
+// The variable list of the VCC or of an ICC; null for anything else.
+StringList* VarsOf(DcICCPBase* container);
+// The data set `number` (1-based) of the VCC or of an ICC; null when there
+// is none.
+DcDataSet* DataSetOf(DcICCPBase* container, int number);
+// The "Переменные" row of the container in the model tree, and the row of
+// its variable `name` under it; each step takes the first hit from the row
+// found before. Invalid when a step finds nothing.
+QModelIndex VarsFolderRow(QAbstractItemModel* model, DcICCPBase* container);
+QModelIndex VarRowOf(QAbstractItemModel* model, DcICCPBase* container, const QString& name);

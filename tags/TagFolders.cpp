@@ -1,5 +1,6 @@
 #include "tags/TagFolders.h"
 
+#include "editing/MoveVars.h"
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
 #include "plugin/CfgIecArvenlib.h"
@@ -9,6 +10,7 @@
 #include "support/StrUtils.h"
 #include "support/myNode.h"
 #include "tags/TagBinding.h"
+#include "views/CpropNode.h"
 #include "views/SomeModelsIED.h"
 #include "views/UnitTagsModel.h"
 
@@ -43,24 +45,6 @@ void* CreateNamedFolder(void* parent, int kind, const QString& name) {
     if (folder)
         SetStr2PropOb(folder, "caption", name);
     return folder;
-}
-
-StringList* VarsOf(DcICCPBase* container) {
-    if (auto vcc = qobject_cast<DcVCC*>(container))
-        return &vcc->Vars;
-    if (auto icc = qobject_cast<DcLD*>(container))
-        return &icc->Vars;
-    return nullptr;
-}
-
-// The data set `number` (1-based) of the container, or null.
-DcDataSet* DataSetOf(DcICCPBase* container, int number) {
-    StringList* sets = nullptr;
-    if (auto vcc = qobject_cast<DcVCC*>(container))
-        sets = &vcc->DataSets;
-    else if (auto icc = qobject_cast<DcLD*>(container))
-        sets = &icc->DataSets;
-    return sets ? qobject_cast<DcDataSet*>(ListOb(*sets, number - 1)) : nullptr;
 }
 
 void RemoveMember(DcDataSet* dataSet, const std::string& name) {
@@ -462,26 +446,71 @@ void ApplyCaption(CfgArvenSR*, const QString& newValue, const QString& oldValue,
         Changetag_caption(newValue, oldValue, ob);
 }
 
+// Both texts as ints; false when either is no number.
+bool BothInts(const QString& newText, const QString& oldText, int& newValue, int& oldValue) {
+    bool newOk = false, oldOk = false;
+    newValue = newText.toInt(&newOk);
+    oldValue = oldText.toInt(&oldOk);
+    return newOk && oldOk;
+}
+
+void ApplyDomain(CfgArvenSR* form, const QString& newValue, const QString& oldValue, void* ob,
+                 const char*) {
+    int newDomain = 0, oldDomain = 0;
+    if (!BothInts(newValue, oldValue, newDomain, oldDomain))
+        return;
+    form->tVProp->setModel(nullptr);
+    if (newDomain == oldDomain)
+        return;
+    // The tree changes under the view; no click may reach it meanwhile.
+    const char* const clicked = SIGNAL(clicked(QModelIndex));
+    const char* const handler = SLOT(OntVIedClicked(QModelIndex));
+    QObject::disconnect(form->tVIed, clicked, form, handler);
+    form->tVIed->setEnabled(false);
+    Changedomain(newDomain, oldDomain, ob);
+    form->tVIed->setEnabled(true);
+    QObject::connect(form->tVIed, clicked, form, handler);
+}
+
+void ApplyDataSet(CfgArvenSR*, const QString& newValue, const QString& oldValue, void* ob,
+                  const char*) {
+    int newDs = 0, oldDs = 0;
+    if (BothInts(newValue, oldValue, newDs, oldDs) && newDs != oldDs)
+        Changedsnum(newDs, oldDs, ob);
+}
+
+void ApplyType(CfgArvenSR*, const QString& newValue, const QString& oldValue, void* ob,
+               const char*) {
+    int newType = 0, oldType = 0;
+    if (BothInts(newValue, oldValue, newType, oldType) && newType != oldType)
+        Changedtype(newType, oldType, ob);
+}
+
 struct tPropAction {
     const char* key;
     void (*apply)(CfgArvenSR*, const QString&, const QString&, void*, const char*);
 };
 
 // What an edited property changes in the model, by its key.
-const tPropAction PropActions[] = {{"maxICC", ApplyLimit},
-                                   {"maxDS", ApplyLimit},
-                                   {"tag_name", ApplyTagName},
-                                   {"caption", ApplyCaption}};
+const tPropAction PropActions[] = {{"maxICC", ApplyLimit},        {"maxDS", ApplyLimit},
+                                   {"tag_name", ApplyTagName},    {"domain", ApplyDomain},
+                                   {"isinDataSet", ApplyDataSet}, {"caption", ApplyCaption},
+                                   {"tag_type", ApplyType}};
 
 } // namespace
 
-void CfgArvenSR::ApplyTagProp(const QString& newValue, const QString& oldValue, void* ob,
-                              const char* key) {
-    if (!key)
+void CfgArvenSR::UpdPropTagUnit(CpropNode* node, QString old, void* ob, char* key) {
+    if (!node || !key)
         return;
+    QString value = node->value;
+    // An enumeration is compared and applied by its keys.
+    if (!node->enumList.isEmpty()) {
+        value = node->GetKeyByVal(value);
+        old = node->GetKeyByVal(old);
+    }
     for (const tPropAction& action : PropActions) {
         if (qstrcmp(action.key, key) == 0) {
-            action.apply(this, newValue, oldValue, ob, key);
+            action.apply(this, value, old, ob, key);
             return;
         }
     }

@@ -103,8 +103,8 @@ TEST_F(TagsTest, TagCommandsSurviveABadHost) {
         p.host.failParam("tag_name", HostProject::FailAll);
         form->tVTags->setCurrentIndex(TagRow(form, p.tagState));
         form->OnFindTree();
-        form->ApplyTagProp("Новое", "Q1", p.tagState, "tag_name");
-        form->ApplyTagProp("Подпись", "", p.tagState, "caption");
+        EditProp(form, p.tagState, "tag_name", "Новое", "Q1");
+        EditProp(form, p.tagState, "caption", "Подпись", "");
     });
     EXPECT_EQ(BoxTexts(),
               QStringList({"Сообщение|Ошибка. По-видимому нарушена уникальность имен"}));

@@ -1,6 +1,7 @@
 #include "TagsFixture.h"
 
 #include "form/CfgIecArven.h"
+#include "views/CpropNode.h"
 #include "views/SomeModelsIED.h"
 #include "views/UnitTagsModel.h"
 
@@ -80,4 +81,14 @@ QStringList TagsTest::BoxTexts() const {
     for (const RecordedBox& box : boxes.boxes())
         texts << box.title + "|" + box.text;
     return texts;
+}
+
+void TagsTest::EditProp(CfgArvenSR* form, HostObject* ob, const char* key, const QString& value,
+                        const QString& old) {
+    ob->set(key, value);
+    CpropNode node;
+    node.key = key;
+    node.value = value;
+    QByteArray name(key);
+    form->UpdPropTagUnit(&node, old, ob, name.data());
 }

@@ -24,6 +24,9 @@ protected:
     void FocusTags(CfgArvenSR* form);
     // Answers the next text input with `text`, or cancels it for a null text.
     void AnswerInput(const QString& text);
+    // The property tree's edit of a parameter of ob from old to value.
+    void EditProp(CfgArvenSR* form, HostObject* ob, const char* key, const QString& value,
+                  const QString& old);
     // Texts of the recorded boxes, "title|text".
     QStringList BoxTexts() const;
 

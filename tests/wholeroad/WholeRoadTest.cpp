@@ -1,0 +1,167 @@
+// Whole runs of the entry for units built in the stand-in host: the blob
+// that the close writes, and every host parameter that the run changed.
+#include "common/FormFixture.h"
+
+#include "host/HostClasses.h"
+
+#include <QFile>
+#include <QMap>
+#include <algorithm>
+
+namespace {
+
+// Every parameter of every object, by the object's path.
+using Snapshot = QMap<QString, QMap<QByteArray, QVariant>>;
+
+// A unit by its caption, anything below it by its kind and number.
+QString PathOf(const HostObject* ob) {
+    if (ob->kind() == cotUnit)
+        return ob->get("caption").toString();
+    const QString own =
+        QString::fromLatin1(KindName(ob->kind())) + "#" + ob->get("number").toString();
+    return ob->owner() && ob->owner()->kind() != cotDirect ? PathOf(ob->owner()) + "/" + own : own;
+}
+
+void Take(const HostObject* ob, Snapshot& out) {
+    QMap<QByteArray, QVariant>& params = out[PathOf(ob)];
+    for (const HostParam& p : ob->params())
+        params[p.name] = p.value;
+    for (const HostObject* child : ob->children())
+        Take(child, out);
+}
+
+Snapshot Take(const HostProject& host) {
+    Snapshot out;
+    for (const HostObject* root : host.roots())
+        Take(root, out);
+    return out;
+}
+
+// "path key=value" for each parameter that differs from `before`, sorted;
+// the model's blob is named, not shown.
+QStringList Written(const Snapshot& before, const Snapshot& after) {
+    QStringList out;
+    for (auto ob = after.begin(); ob != after.end(); ++ob) {
+        if (!before.contains(ob.key())) {
+            out << ob.key() + " (new)";
+            continue;
+        }
+        for (auto p = ob->begin(); p != ob->end(); ++p) {
+            if (before[ob.key()].value(p.key()) == p.value())
+                continue;
+            const QString value = p.key() == "$DATARUN" ? QString("(model text)") : p->toString();
+            out << ob.key() + " " + QString::fromUtf8(p.key()) + "=" + value;
+        }
+    }
+    for (auto ob = before.begin(); ob != before.end(); ++ob)
+        if (!after.contains(ob.key()))
+            out << ob.key() + " (gone)";
+    out.sort();
+    return out;
+}
+
+QStringList GoldenLines(const char* name) {
+    QStringList out = QString::fromStdString(Golden(name)).split('\n', Qt::SkipEmptyParts);
+    out.sort();
+    return out;
+}
+
+} // namespace
+
+class WholeRoad : public FormTest {
+protected:
+    HostObject* Unit(const char* caption, int maxICC, int maxDS) {
+        HostObject* unit = p.host.create(p.direct, cotUnit, 0, "IecArven");
+        unit->set("caption", QString(caption));
+        unit->set("maxICC", maxICC);
+        unit->set("maxDS", maxDS);
+        return unit;
+    }
+    HostObject* Folder(HostObject* parent, int kind, int number, const char* caption) {
+        HostObject* folder = p.host.create(parent, kind, number, "Arven");
+        folder->set("caption", QString(caption));
+        return folder;
+    }
+    HostObject* Tag(HostObject* parent, int kind, int number, const char* name, int type,
+                    int domain, int dataSet, int sbo, const char* caption) {
+        HostObject* tag = p.host.create(parent, kind, number, "IecArven");
+        tag->set("tag_name", QByteArray(name));
+        tag->set("tag_type", type);
+        tag->set("domain", domain);
+        tag->set("isinDataSet", dataSet);
+        tag->set("presentSBO", sbo);
+        tag->set("caption", QString(caption));
+        return tag;
+    }
+    // Limits 2 and 2; tags of the four kinds in folders, sub-folders and
+    // straight under the unit; nameless ones, structures, twins.
+    HostObject* NestedUnit() {
+        HostObject* unit = Unit("Сервер A", 2, 2);
+        HostObject* source = Folder(unit, cotFolderSource, 1, "Принимаемые");
+        HostObject* cell = Folder(source, cotFolderSource, 2, "Ячейка");
+        HostObject* cell2 = Folder(source, cotFolderSource, 7, "Ячейка 2");
+        HostObject* pass = Folder(unit, cotFolderPass, 3, "Передаваемые");
+        HostObject* ctrl = Folder(unit, cotFolderControlSource, 4, "Управление принимаемое");
+        HostObject* ctrlPass = Folder(unit, cotFolderControlPass, 5, "Управление передаваемое");
+        HostObject* setPoints = Folder(ctrlPass, cotFolderControlPass, 6, "Уставки");
+        Tag(source, cotSource, 1, "Freq", 4, 0, 1, 1, "Частота");
+        Tag(cell, cotSource, 2, "", 19, 1, 2, 1, "Выключатель");
+        Tag(cell, cotSource, 3, "Pos", 26, 2, 1, 1, "Положение");
+        Tag(cell2, cotSource, 4, "", 37, 1, 1, 0, "");
+        Tag(pass, cotPass, 5, "P", 17, 1, 1, 1, "Мощность");
+        Tag(pass, cotPass, 6, "", 28, 0, 2, 0, "Напряжение");
+        Tag(ctrl, cotControlSource, 7, "Cmd", 23, 2, 0, 1, "Команда");
+        Tag(setPoints, cotControlPass, 8, "", 22, 2, 2, 1, "Уставка");
+        Tag(unit, cotControlSource, 9, "Sel", 5, 1, 2, 1, "Выбор");
+        return unit;
+    }
+};
+
+TEST_F(WholeRoad, TagsOfAllKindsInNestedFolders) {
+    HostObject* unit = NestedUnit();
+    const Snapshot before = Take(p.host);
+    OpenForm(unit);
+    EXPECT_EQ(Datarun(unit).toStdString(), Golden("road_nested.txt"));
+    EXPECT_EQ(Written(before, Take(p.host)), GoldenLines("road_nested_params.txt"));
+    EXPECT_EQ(boxes.count(), 0);
+}
+
+TEST_F(WholeRoad, BadValuesGetTheirMessageOrSilence) {
+    HostObject* unit = Unit("Сервер B", 1, 2);
+    HostObject* folder = Folder(unit, cotFolderSource, 1, "Принимаемые");
+    Tag(folder, cotSource, 1, "Far", 4, 2, 0, 0, "За пределом");
+    Tag(folder, cotSource, 2, "", 17, -1, 0, 0, "Отрицательный");
+    Tag(folder, cotSource, 3, "", 40, 0, 0, 0, "");
+    Tag(folder, cotSource, 4, "T41", 41, 0, 0, 0, "");
+    Tag(folder, cotSource, 5, "", -1, 1, 0, 0, "");
+    Tag(folder, cotSource, 6, "Over", 19, 1, 3, 1, "Вне набора");
+    Tag(folder, cotSource, 7, "Neg", 17, 1, -1, 0, "Без набора");
+    Tag(folder, cotSource, 8, "Vset", 18, 0, 5, 1, "Флаг");
+    Tag(folder, cotSource, 9, "Ok", 14, 1, 2, 0, "Годный");
+    const Snapshot before = Take(p.host);
+    OpenForm(unit);
+    EXPECT_EQ(Datarun(unit).toStdString(), Golden("road_bad.txt"));
+    EXPECT_EQ(Written(before, Take(p.host)), GoldenLines("road_bad_params.txt"));
+    // One box for each domain out of range, none for the rest.
+    ASSERT_EQ(boxes.count(), 2);
+    for (const RecordedBox& box : boxes.boxes()) {
+        EXPECT_EQ(box.title, "");
+        EXPECT_EQ(box.text, "Недопустимое значение ICC");
+        EXPECT_EQ(box.icon, QMessageBox::Information);
+    }
+}
+
+TEST_F(WholeRoad, LaterCallRebuildsFromTheTemplate) {
+    HostObject* first = NestedUnit();
+    HostObject* second = Unit("Сервер C", 1, 1);
+    Tag(Folder(second, cotFolderPass, 1, "Передаваемые"), cotPass, 1, "", 13, 1, 1, 0, "Ток");
+    Tag(second, cotControlPass, 2, "Lim", 21, 0, 1, 1, "Предел");
+    OpenForm(first);
+    ASSERT_EQ(Datarun(first).toStdString(), Golden("road_nested.txt"));
+    const Snapshot before = Take(p.host);
+    OpenForm(second);
+    EXPECT_EQ(Datarun(second).toStdString(), Golden("road_second.txt"));
+    EXPECT_EQ(Datarun(first).toStdString(), Golden("road_nested.txt"));
+    EXPECT_EQ(Written(before, Take(p.host)), GoldenLines("road_second_params.txt"));
+    EXPECT_EQ(boxes.count(), 0);
+}

@@ -1,0 +1,288 @@
+// The object choice dialog on its own, and the form's command that adds a
+// data set, a transfer set or the Next_DSTransfer_Set object through it.
+#include "common/FormFixture.h"
+#include "common/ItemTexts.h"
+
+#include "dialogs/ChoiceObj.h"
+#include "form/CfgIecArven.h"
+#include "model/ICCPTypes_Nat.h"
+#include "plugin/CfgIecArvenlib.h"
+#include "views/SomeModelsIED.h"
+
+#include <QApplication>
+#include <QTimer>
+#include <QValidator>
+
+namespace {
+
+using Step = std::function<void(FChoiceOb*)>;
+
+// Runs one step each time the choice dialog is up and no message box is;
+// past the steps, cancels it.
+struct ChoiceObScript {
+    QList<Step> steps;
+    int shows = 0;
+    QTimer timer;
+
+    explicit ChoiceObScript(QList<Step> list) : steps(list) {
+        QObject::connect(&timer, &QTimer::timeout, [this] {
+            if (!pFChoiceOb || !pFChoiceOb->isVisible() ||
+                qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+                return;
+            ++shows;
+            if (steps.isEmpty())
+                pFChoiceOb->reject();
+            else
+                steps.takeFirst()(pFChoiceOb);
+        });
+        timer.start(20);
+    }
+};
+
+// A click on the class row, as the mouse gives it.
+void ClickClass(FChoiceOb* d, int row) {
+    d->lWObjects->setCurrentRow(row);
+    emit d->lWObjects->itemClicked(d->lWObjects->item(row));
+}
+
+QStringList Texts(QListWidget* list) {
+    QStringList out;
+    for (int i = 0; i < list->count(); ++i)
+        out << list->item(i)->text();
+    return out;
+}
+
+QModelIndex RowOf(IEDTreeModel* m, void* ob) {
+    return m
+        ->match(m->index(0, 0), Qt::UserRole, QVariant::fromValue(ob), 1,
+                Qt::MatchRecursive | Qt::MatchWrap)
+        .value(0);
+}
+
+// The folder row with that text right under row.
+QModelIndex FolderOf(IEDTreeModel* m, const QModelIndex& row, const QString& text) {
+    for (int i = 0; i < m->rowCount(row); ++i)
+        if (m->index(i, 0, row).data().toString() == text)
+            return m->index(i, 0, row);
+    return QModelIndex();
+}
+
+DcLD* ICC(int i) {
+    return qobject_cast<DcLD*>(ListOb(pVCC->ICCs, i));
+}
+
+} // namespace
+
+using ChoiceOb = FormTest;
+
+TEST_F(ChoiceOb, ClassesNameProposalAndRefusal) {
+    // The first unit: ICC_1 and ICC_2 with three data sets each, the VCC
+    // with the template's one.
+    OpenForm(p.unit, [&](CfgArvenSR* f) {
+        FChoiceOb d(f);
+        EXPECT_EQ(d.objectName(), "ChoiceObj");
+        EXPECT_EQ(d.windowTitle(), "Добавление объекта");
+        EXPECT_EQ(d.lEName->text(), "Text");
+        int pos = 0;
+        QString text = "1abc";
+        EXPECT_EQ(d.lEName->validator()->validate(text, pos), QValidator::Invalid);
+        text = "Set_2";
+        EXPECT_EQ(d.lEName->validator()->validate(text, pos), QValidator::Acceptable);
+
+        d.Fill_lWObjects();
+        d.Fill_lWObjects();
+        ASSERT_EQ(Texts(d.lWObjects),
+                  QStringList({"DcDataSet", "DcTransSet", "DcNextTransferSet"}));
+        for (int row = 0; row < 3; ++row)
+            EXPECT_EQ(d.lWObjects->item(row)->data(Qt::UserRole).toInt(), 51 + row);
+
+        // No places taken yet: a class gives an empty place list, and the
+        // dialog refuses to close.
+        ClickClass(&d, 0);
+        EXPECT_EQ(d.lWWhere->count(), 0);
+        EXPECT_EQ(d.lEName->text(), "Text");
+        d.accept();
+        ASSERT_EQ(boxes.count(), 1);
+        EXPECT_EQ(boxes.boxes()[0].title, "Предупреждение");
+        EXPECT_EQ(boxes.boxes()[0].text, "Выделите объекты");
+        EXPECT_EQ(boxes.boxes()[0].buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
+        EXPECT_NE(d.result(), QDialog::Accepted);
+
+        // An ICC host proposes its next data set; transfer sets are offered
+        // the ICCs only and keep the name.
+        d.FillWhere(pVCC);
+        d.FilterOb(ICC(0));
+        ClickClass(&d, 0);
+        EXPECT_EQ(Texts(d.lWWhere), QStringList({"VCC_1", "ICC_1", "ICC_2"}));
+        EXPECT_EQ(d.lWWhere->item(0)->data(Qt::UserRole).value<void*>(), pVCC);
+        EXPECT_EQ(d.lEName->text(), "DataSet_4");
+        d.lEName->setText("Mine");
+        ClickClass(&d, 1);
+        EXPECT_EQ(Texts(d.lWWhere), QStringList({"ICC_1", "ICC_2"}));
+        EXPECT_EQ(d.lEName->text(), "Mine");
+        ClickClass(&d, 2);
+        EXPECT_EQ(Texts(d.lWWhere), QStringList({"ICC_1", "ICC_2"}));
+        d.FilterOb(pVCC);
+        ClickClass(&d, 0);
+        EXPECT_EQ(d.lEName->text(), "VMD2");
+        EXPECT_EQ(d.lWObjects->count(), 3);
+
+        // The place of an object in the list becomes current; one that the
+        // list doesn't hold changes nothing.
+        d.SetActiveW(ICC(1));
+        ASSERT_NE(d.lWWhere->currentItem(), nullptr);
+        EXPECT_EQ(d.lWWhere->currentItem()->text(), "ICC_2");
+        d.SetActiveW(ListOb(pVCC->DataSets, 0));
+        EXPECT_EQ(d.lWWhere->currentItem()->text(), "ICC_2");
+
+        // A new fill drops the places shown from the last one.
+        d.FillWhere(pVCC);
+        EXPECT_EQ(d.lWWhere->count(), 0);
+        ClickClass(&d, 0);
+        d.SetActiveW(pVCC);
+        d.accept();
+        EXPECT_EQ(d.result(), QDialog::Accepted);
+        EXPECT_EQ(boxes.count(), 1);
+    });
+}
+
+TEST_F(ChoiceOb, AddedObjectsReachModelTreeListAndBlob) {
+    OpenForm(p.unit, [&](CfgArvenSR* f) {
+        IEDTreeModel* m = f->pTreeIedModel;
+        const QModelIndex icc1 = RowOf(m, ICC(0));
+        const QModelIndex icc2 = RowOf(m, ICC(1));
+        ASSERT_TRUE(icc1.isValid());
+        ASSERT_TRUE(icc2.isValid());
+        const int listed = f->lWInfo->count();
+
+        // No current row: no dialog.
+        {
+            ChoiceObScript script({});
+            f->tVIed->setCurrentIndex(QModelIndex());
+            QMetaObject::invokeMethod(f, "OnAddOb");
+            EXPECT_EQ(script.shows, 0);
+        }
+
+        // From the data set folder of ICC_1: a taken name is refused and
+        // the dialog comes back; a new one is added.
+        f->tVIed->setCurrentIndex(FolderOf(m, icc1, "Наборы данных (DataSets)"));
+        {
+            QString proposed;
+            ChoiceObScript script({[&](FChoiceOb* d) {
+                                       ClickClass(d, 0);
+                                       proposed = d->lEName->text();
+                                       d->lWWhere->setCurrentRow(1);
+                                       d->lEName->setText("DataSet_2");
+                                       d->accept();
+                                   },
+                                   [](FChoiceOb* d) {
+                                       d->lEName->setText("Extra_DS");
+                                       d->accept();
+                                   }});
+            QMetaObject::invokeMethod(f, "OnAddOb");
+            EXPECT_EQ(script.shows, 2);
+            EXPECT_EQ(proposed, "DataSet_4");
+        }
+        ASSERT_NE(pFChoiceOb, nullptr);
+        EXPECT_EQ(pFChoiceOb->parent(), f);
+        ASSERT_EQ(boxes.count(), 1);
+        EXPECT_EQ(boxes.boxes()[0].title, "Сообщение");
+        EXPECT_EQ(boxes.boxes()[0].text, "Нарушена уникальность имен");
+        ASSERT_EQ(ICC(0)->DataSets.Count, 4);
+        auto extra = qobject_cast<DcDataSet*>(ListOb(ICC(0)->DataSets, 3));
+        ASSERT_NE(extra, nullptr);
+        EXPECT_EQ(extra->name, "Extra_DS");
+        EXPECT_EQ(ChildTexts(*m, FolderOf(m, icc1, "Наборы данных (DataSets)")),
+                  QStringList({"DataSet_1", "DataSet_2", "DataSet_3", "Extra_DS"}));
+        ASSERT_EQ(f->lWInfo->count(), listed + 1);
+        EXPECT_EQ(f->lWInfo->item(listed)->text(), "ICC_1/Extra_DS");
+        EXPECT_EQ(f->lWInfo->item(listed)->data(Qt::UserRole).value<void*>(), extra);
+
+        // From the VCC's row: the proposed name goes to the VCC.
+        f->tVIed->setCurrentIndex(m->index(0, 0));
+        {
+            ChoiceObScript script({[](FChoiceOb* d) {
+                ClickClass(d, 0);
+                d->lWWhere->setCurrentRow(0);
+                d->accept();
+            }});
+            f->OnAddOb();
+        }
+        ASSERT_EQ(pVCC->DataSets.Count, 2);
+        EXPECT_EQ(pVCC->DataSets.Strings(1), "VMD2");
+        EXPECT_EQ(ChildTexts(*m, FolderOf(m, m->index(0, 0), "Наборы данных (DataSets)")),
+                  QStringList({"DataSet_1", "VMD2"}));
+
+        // A transfer set into ICC_2: a taken name is told otherwise.
+        boxes.clear();
+        f->tVIed->setCurrentIndex(icc2);
+        {
+            ChoiceObScript script({[](FChoiceOb* d) {
+                                       ClickClass(d, 1);
+                                       d->lWWhere->setCurrentRow(1);
+                                       d->lEName->setText("TrSet_1");
+                                       d->accept();
+                                   },
+                                   [](FChoiceOb* d) {
+                                       d->lEName->setText("TrSet_X");
+                                       d->accept();
+                                   }});
+            f->OnAddOb();
+            EXPECT_EQ(script.shows, 2);
+        }
+        ASSERT_EQ(boxes.count(), 1);
+        EXPECT_EQ(boxes.boxes()[0].text, "Нарушена уникальность имен или ошибка разбора");
+        ASSERT_EQ(ICC(1)->TransSets.Count, 4);
+        EXPECT_EQ(ICC(1)->TransSets.Strings(3), "TrSet_X");
+        EXPECT_EQ(ChildTexts(*m, FolderOf(m, icc2, "Transfer_Sets")),
+                  QStringList({"TrSet_1", "TrSet_2", "TrSet_3", "TrSet_X"}));
+
+        // Next_DSTransfer_Set: the VCC as place is refused and the dialog
+        // comes back; an ICC that has one keeps it without a word; Cancel
+        // ends.
+        boxes.clear();
+        DcNextTransferSet* next = ICC(1)->NextSet;
+        {
+            ChoiceObScript script({[](FChoiceOb* d) {
+                                       ClickClass(d, 0);
+                                       d->lWWhere->setCurrentRow(0);
+                                       d->lWObjects->setCurrentRow(2);
+                                       d->accept();
+                                   },
+                                   [](FChoiceOb* d) {
+                                       ClickClass(d, 2);
+                                       d->lWWhere->setCurrentRow(1);
+                                       d->accept();
+                                   }});
+            f->OnAddOb();
+            EXPECT_EQ(script.shows, 2);
+        }
+        ASSERT_EQ(boxes.count(), 1);
+        EXPECT_EQ(boxes.boxes()[0].text, "Недопустимый объект приемник");
+        EXPECT_EQ(ICC(1)->NextSet, next);
+        EXPECT_EQ(ChildTexts(*m, icc2).count("Next_DSTransfer_Set"), 1);
+        {
+            ChoiceObScript script({});
+            f->OnAddOb();
+            EXPECT_EQ(script.shows, 1);
+        }
+        EXPECT_EQ(ICC(0)->DataSets.Count, 4);
+        EXPECT_EQ(boxes.count(), 1);
+    });
+
+    const QByteArray blob = Datarun(p.unit);
+    const int vccSets = blob.indexOf("    <DcDataSet  name = \"DataSet_1\"  desc=\"\" > \n"
+                                     "    </DcDataSet> \n"
+                                     "    <DcDataSet  name = \"VMD2\"  desc=\"\" > \n"
+                                     "    </DcDataSet> \n"
+                                     "    <DcLD  name = \"ICC_1\" desc=\"\" > \n");
+    EXPECT_GE(vccSets, 0);
+    const int icc1Sets = blob.indexOf("      <DcDataSet  name = \"Extra_DS\"  desc=\"\" > \n"
+                                      "      </DcDataSet> \n"
+                                      "    </DcLD> \n"
+                                      "    <DcLD  name = \"ICC_2\" desc=\"\" > \n");
+    EXPECT_GT(icc1Sets, vccSets);
+    const int trSet = blob.indexOf("      <DcTransSet name = \"TrSet_X\" desc=\"\" >\n");
+    EXPECT_GT(trSet, icc1Sets);
+    EXPECT_LT(trSet, blob.indexOf("    </DcLD> \n", icc1Sets + 100));
+}

@@ -5,7 +5,6 @@
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
 #include "support/myNode.h"
-#include "tags/TagBinding.h"
 #include "views/SomeModelsIED.h"
 
 #include <QListWidget>
@@ -22,7 +21,10 @@ void CfgArvenSR::OnAddOb() {
     auto object = static_cast<DcICCPBase*>(node ? node->object : nullptr);
     if (!object)
         return;
-    auto host = static_cast<DcICCPBase*>(RowObject(FindHost(pTreeIedModel, current)));
+    // Read through the node: a current index of column 1 has no object role.
+    const QModelIndex hostRow = FindHost(pTreeIedModel, current);
+    myNode* hostNode = hostRow.isValid() ? pTreeIedModel->nodeFromIndex(hostRow) : nullptr;
+    auto host = static_cast<DcICCPBase*>(hostNode ? hostNode->object : nullptr);
     if (!host)
         host = object->IsHostObType("DcVCC");
     if (!host)

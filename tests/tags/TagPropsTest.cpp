@@ -1,0 +1,175 @@
+// Edits of a tag's properties carried into the model, and the tag commands
+// that no menu reaches: a tag for the selected variable, deleting one tag in
+// the host only, and freeing a bound key.
+#include "TagsFixture.h"
+
+#include "form/CfgIecArven.h"
+#include "model/ICCPTypes_Nat.h"
+#include "plugin/CfgIecArvenlib.h"
+#include "views/CpropNode.h"
+#include "views/SomeModelsIED.h"
+#include "views/UnitTagsModel.h"
+
+namespace {
+
+DcLD* ICC(int number) {
+    return qobject_cast<DcLD*>(ListOb(pVCC->ICCs, number - 1));
+}
+
+DcDataSet* Set(DcLD* icc, int number) {
+    return qobject_cast<DcDataSet*>(ListOb(icc->DataSets, number - 1));
+}
+
+DcICCPBase* Var(DcLD* icc, const std::string& name) {
+    return ListOb(icc->Vars, icc->Vars.IndexOf(name));
+}
+
+bool HasMember(DcDataSet* set, const std::string& key) {
+    return set->Elems.IndexOf(key) >= 0;
+}
+
+// The texts of the rows under the "Переменные" row of an ICC.
+QStringList VarRows(CfgArvenSR* form, DcLD* icc) {
+    IEDTreeModel* model = form->pTreeIedModel;
+    const QModelIndex iccRow = model
+                                   ->match(model->index(0, 0), Qt::UserRole,
+                                           QVariant::fromValue<void*>(icc), 1, Qt::MatchRecursive)
+                                   .value(0);
+    QStringList texts;
+    for (int r = 0; r < model->rowCount(iccRow); ++r) {
+        const QModelIndex folder = model->index(r, 0, iccRow);
+        if (folder.data().toString() != "Переменные")
+            continue;
+        for (int v = 0; v < model->rowCount(folder); ++v)
+            texts << model->index(v, 0, folder).data().toString();
+    }
+    return texts;
+}
+
+} // namespace
+
+TEST_F(TagsTest, PropertyEditsMoveAndRebuildTheVariable) {
+    const std::string name = "Q1_" + std::to_string(p.tagState->get("number").toInt());
+    OpenForm(p.unit, [&](CfgArvenSR* form) {
+        ASSERT_NE(Var(ICC(1), name), nullptr);
+        ASSERT_TRUE(HasMember(Set(ICC(1), 1), "ICC_1/" + name));
+        const QString qname = QString::fromStdString(name);
+
+        // Another owner: the variable is made anew in ICC_2 and its data set
+        // of the tag's number, and leaves ICC_1 with its membership.
+        EditProp(form, p.tagState, "domain", "2", "1");
+        EXPECT_EQ(Var(ICC(1), name), nullptr);
+        EXPECT_FALSE(HasMember(Set(ICC(1), 1), "ICC_1/" + name));
+        EXPECT_FALSE(VarRows(form, ICC(1)).contains(qname));
+        DcICCPBase* moved = Var(ICC(2), name);
+        ASSERT_NE(moved, nullptr);
+        EXPECT_EQ(moved->ClassName(), "DcDA");
+        EXPECT_EQ(moved->BoundTag, p.tagState->handle());
+        EXPECT_EQ(moved->desc, "Выключатель Q1");
+        EXPECT_EQ(VarRows(form, ICC(2)).last(), qname);
+        EXPECT_TRUE(HasMember(Set(ICC(2), 1), "ICC_2/" + name));
+        EXPECT_TRUE(form->tVIed->isEnabled());
+
+        // Another data set of the same owner; the shown set's content
+        // follows.
+        for (int row = 0; row < form->lWInfo->count(); ++row)
+            if (form->lWInfo->item(row)->text() == "ICC_2/DataSet_3")
+                form->lWInfo->setCurrentRow(row);
+        EditProp(form, p.tagState, "isinDataSet", "3", "1");
+        EXPECT_FALSE(HasMember(Set(ICC(2), 1), "ICC_2/" + name));
+        EXPECT_TRUE(HasMember(Set(ICC(2), 3), "ICC_2/" + name));
+        EXPECT_EQ(form->lWInfo_2->item(0)->text(), "ICC_2/" + qname);
+
+        // Another type: a structure of the same name in the same place, and
+        // the data set entry now points at it.
+        EditProp(form, p.tagState, "tag_type", "28", "19");
+        DcICCPBase* rebuilt = Var(ICC(2), name);
+        ASSERT_NE(rebuilt, nullptr);
+        EXPECT_EQ(rebuilt->ClassName(), "DcDO");
+        StringList& members = Set(ICC(2), 3)->Elems;
+        EXPECT_EQ(members.Objects(members.IndexOf("ICC_2/" + name)), rebuilt);
+        EXPECT_EQ(VarRows(form, ICC(2)).count(qname), 1);
+
+        // Equal values, texts that are no numbers, and an enumeration shown
+        // by its values but applied by its keys.
+        EditProp(form, p.tagState, "domain", "2", "2");
+        EditProp(form, p.tagState, "isinDataSet", "x", "3");
+        EXPECT_EQ(Var(ICC(2), name), rebuilt);
+        p.tagState->set("domain", 1);
+        CpropNode node;
+        node.enumList << "0=VCC"
+                      << "1 = ICC_1"
+                      << "2=ICC_2";
+        node.value = "ICC_1";
+        QByteArray key("domain");
+        form->UpdPropTagUnit(&node, "ICC_2", p.tagState, key.data());
+        EXPECT_EQ(Var(ICC(2), name), nullptr);
+        EXPECT_NE(Var(ICC(1), name), nullptr);
+    });
+    EXPECT_EQ(boxes.count(), 0);
+}
+
+TEST_F(TagsTest, EnumerationKeysAndValues) {
+    CpropNode node;
+    EXPECT_EQ(node.GetKeyByVal("Да"), "");
+    node.enumList << "0 = Нет"
+                  << "1=Да"
+                  << "broken";
+    EXPECT_EQ(node.GetKeyByVal("Да"), "1");
+    EXPECT_EQ(node.GetValByKey("0"), "Нет");
+    EXPECT_EQ(node.GetValByKey("7"), "7");
+}
+
+TEST_F(TagsTest, UnconnectedTagCommands) {
+    OpenForm(p.unit, [&](CfgArvenSR* form) {
+        ShowTags(form, 0, p.folder[0]);
+        IEDTreeModel* model = form->pTreeIedModel;
+        // Variables of the VCC have no rows; one of an ICC is taken.
+        const QString q1 = "Q1_" + QString::number(p.tagState->get("number").toInt());
+
+        // A tag for the selected variable, beside the current tag, keyed by
+        // the variable's full name; a second one for the same key is refused.
+        // The key list lives with the form, from one opening to the next.
+        form->pListTag->Clear();
+        form->tVIed->setCurrentIndex(VarRow(form, q1));
+        form->tVTags->setCurrentIndex(TagRow(form, p.tagReal));
+        const int before = p.folder[0]->children(cotSource).size();
+        form->OnCreateTagInFld();
+        ASSERT_EQ(p.folder[0]->children(cotSource).size(), before + 1);
+        HostObject* made = p.folder[0]->children(cotSource).last();
+        EXPECT_EQ(made->get("tag_id").toByteArray(), ("ICC_1/" + q1).toUtf8());
+        EXPECT_EQ(made->moduleKey(), "IecArven");
+        form->OnCreateTagInFld();
+        EXPECT_EQ(p.folder[0]->children(cotSource).size(), before + 1);
+
+        // A folder row of the tree makes nothing.
+        form->tVIed->setCurrentIndex(model->index(0, 0));
+        form->OnCreateTagInFld();
+        EXPECT_EQ(p.folder[0]->children(cotSource).size(), before + 1);
+
+        // Freeing the key empties it on the tag; a key not in the list is
+        // passed over.
+        made->set("tag_type", 4);
+        form->FreeTag(("ICC_1/" + q1).toStdString());
+        EXPECT_EQ(made->get("tag_id").toByteArray(), "");
+        EXPECT_EQ(made->get("tag_type").toInt(), 0);
+        form->FreeTag("ICC_9/None");
+
+        // Deleting one tag asks first and leaves the model alone.
+        form->tVTags->setCurrentIndex(TagRow(form, made));
+        boxes.answerNext(QMessageBox::Cancel);
+        form->OnDelTag();
+        EXPECT_EQ(p.folder[0]->children(cotSource).size(), before + 1);
+        form->tVTags->setCurrentIndex(TagRow(form, made));
+        boxes.answerNext(QMessageBox::Ok);
+        form->OnDelTag();
+        EXPECT_EQ(p.folder[0]->children(cotSource).size(), before);
+        EXPECT_TRUE(VarRow(form, q1).isValid());
+    });
+    const QString tagTitle = "Сообщение|Удаление тега: ";
+    const QStringList texts = BoxTexts();
+    ASSERT_EQ(texts.size(), 3);
+    EXPECT_EQ(texts[0], "Предупреждение|Уже существует тег с данным tag_td");
+    EXPECT_TRUE(texts[1].startsWith(tagTitle));
+    EXPECT_EQ(texts[1], texts[2]);
+}

@@ -1,5 +1,6 @@
 #include "host/HostClasses.h"
 
+#include <QVector>
 #include <cstring>
 
 namespace {
@@ -189,7 +190,8 @@ bool IsKnownKind(int kind) {
     return kind >= 0 && kind < kindCount;
 }
 
-QList<HostParam> DefaultParams(TCfgObjectType kind) {
+namespace {
+QList<HostParam> MakeParams(TCfgObjectType kind) {
     switch (kind) {
     case cotSource:
     case cotPass:
@@ -211,6 +213,19 @@ QList<HostParam> DefaultParams(TCfgObjectType kind) {
         return FolderParams(kind);
     }
     return {};
+}
+} // namespace
+
+QList<HostParam> DefaultParams(TCfgObjectType kind) {
+    // Made once per kind and shared: a tag's enumeration texts alone run to
+    // kilobytes, and a project may hold tens of thousands of tags.
+    static const QVector<QList<HostParam>> byKind = [] {
+        QVector<QList<HostParam>> lists;
+        for (int k = 0; k < kindCount; ++k)
+            lists.append(MakeParams(TCfgObjectType(k)));
+        return lists;
+    }();
+    return IsKnownKind(kind) ? byKind[kind] : QList<HostParam>();
 }
 
 const char* ClassText(int kind, const char* key) {

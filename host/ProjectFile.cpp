@@ -8,6 +8,7 @@
 #include <QJsonObject>
 #include <QSaveFile>
 #include <QTextCodec>
+#include <QVector>
 #include <algorithm>
 
 namespace {
@@ -28,37 +29,48 @@ TCfgPropType TypeFromName(const QString& name) {
     return cptUndef;
 }
 
-bool IsUtf8(const QByteArray& bytes) {
+// The text as QString::fromUtf8 gives it; false when the bytes are not
+// UTF-8. One decoding serves both, since most texts are.
+bool DecodeUtf8(const QByteArray& bytes, QString& text) {
+    static QTextCodec* const utf8 = QTextCodec::codecForName("UTF-8");
     QTextCodec::ConverterState state;
-    QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
+    text = utf8->toUnicode(bytes.constData(), bytes.size(), &state);
+    // A sequence cut short at the end waits in the state; fromUtf8 would
+    // have replaced it.
+    if (state.remainingChars)
+        text = QString::fromUtf8(bytes);
     return state.invalidChars == 0;
-}
-
-QJsonValue PlainValue(const HostParam& p) {
-    switch (p.type) {
-    case cptBool:
-        return p.value.toBool();
-    case cptInt:
-        return p.value.toInt();
-    case cptDouble:
-        return p.value.toDouble();
-    default:
-        return QString::fromUtf8(p.value.toByteArray());
-    }
 }
 
 // A parameter of the kind's set with a value JSON holds as it is, plainly;
 // everything else in the long form that names its type.
 QJsonValue ParamToJson(const HostParam& p, bool ofTheKind) {
-    const bool binary = p.type == cptText && !IsUtf8(p.value.toByteArray());
+    QJsonValue plain;
+    bool binary = false;
+    switch (p.type) {
+    case cptBool:
+        plain = p.value.toBool();
+        break;
+    case cptInt:
+        plain = p.value.toInt();
+        break;
+    case cptDouble:
+        plain = p.value.toDouble();
+        break;
+    default: {
+        QString text;
+        binary = !DecodeUtf8(p.value.toByteArray(), text) && p.type == cptText;
+        plain = text;
+    }
+    }
     if (ofTheKind && !binary)
-        return PlainValue(p);
+        return plain;
     QJsonObject o;
     o["type"] = QString(TypeName(p.type));
     if (binary)
         o["base64"] = QString::fromLatin1(p.value.toByteArray().toBase64());
     else
-        o["value"] = PlainValue(p);
+        o["value"] = plain;
     if (!ofTheKind)
         o["caption"] = QString::fromUtf8(p.caption);
     return o;
@@ -69,9 +81,13 @@ QJsonObject ObjectToJson(const HostObject* ob) {
     o["kind"] = QString(KindName(ob->kind()));
     o["module"] = QString::fromUtf8(ob->moduleKey());
     const QList<HostParam> defaults = DefaultParams(ob->kind());
+    const QList<HostParam>& own = ob->params();
     QJsonObject params;
-    for (const HostParam& p : ob->params()) {
-        const bool ofTheKind = std::any_of(defaults.begin(), defaults.end(),
+    for (int i = 0; i < own.size(); ++i) {
+        const HostParam& p = own[i];
+        // An object's own parameters start with its kind's, in their order.
+        const bool ofTheKind = (i < defaults.size() && defaults[i].name == p.name) ||
+                               std::any_of(defaults.begin(), defaults.end(),
                                            [&](const HostParam& d) { return d.name == p.name; });
         params[QString::fromUtf8(p.name)] = ParamToJson(p, ofTheKind);
     }
@@ -103,39 +119,48 @@ public:
     explicit Reader(HostProject& project) : m_project(project) {}
     QString error;
 
-    bool readObject(HostObject* parent, const QJsonValue& value, const QString& where) {
+    // Reads the object at objects[index] of the file or, below a parent, at
+    // children[index] of the parent's.
+    bool readObject(HostObject* parent, const QJsonValue& value, int index) {
+        m_path.append(index);
+        const bool ok = readObject(parent, value);
+        m_path.removeLast();
+        return ok;
+    }
+
+private:
+    bool readObject(HostObject* parent, const QJsonValue& value) {
         if (!value.isObject())
-            return fail(where, "not an object");
+            return fail(where(), "not an object");
         const QJsonObject o = value.toObject();
         const int kind = KindFromName(o["kind"].toVariant().toString().toUtf8());
         if (kind < 0)
-            return fail(where, "unknown kind");
+            return fail(where(), "unknown kind");
         const QJsonObject params = o["params"].toObject();
         const int number = params["number"].toInt();
         HostObject* ob =
             m_project.create(parent, kind, number, o["module"].toString("cfghost").toUtf8());
         if (!ob)
-            return fail(where, QString("a %1 can't stand here").arg(QString(KindName(kind))));
+            return fail(where(), QString("a %1 can't stand here").arg(QString(KindName(kind))));
         for (auto it = params.begin(); it != params.end(); ++it)
-            if (!readParam(ob, it.key(), it.value(), where))
+            if (!readParam(ob, it.key(), it.value()))
                 return false;
         const QJsonArray children = o["children"].toArray();
         for (int i = 0; i < children.size(); ++i)
-            if (!readObject(ob, children[i], QString("%1.children[%2]").arg(where).arg(i)))
+            if (!readObject(ob, children[i], i))
                 return false;
         return true;
     }
 
-private:
-    bool readParam(HostObject* ob, const QString& name, const QJsonValue& v, const QString& where) {
-        const QString at = where + ".params." + name;
+    bool readParam(HostObject* ob, const QString& name, const QJsonValue& v) {
+        const auto at = [&] { return where() + ".params." + name; };
         const QByteArray key = name.toUtf8();
         QVariant value;
         if (v.isObject()) {
             const QJsonObject o = v.toObject();
             const TCfgPropType type = TypeFromName(o["type"].toString());
             if (type == cptUndef)
-                return fail(at, "unknown type");
+                return fail(at(), "unknown type");
             value = o.contains("base64")
                         ? QVariant(QByteArray::fromBase64(o["base64"].toString().toLatin1()))
                         : PlainToVariant(o["value"]);
@@ -160,8 +185,17 @@ private:
             }
         }
         if (!ob->set(key, value))
-            return fail(at, "the value doesn't fit the parameter's type");
+            return fail(at(), "the value doesn't fit the parameter's type");
         return true;
+    }
+
+    // "objects[i].children[j]..." of the object being read; made only for an
+    // error, since a large project has tens of thousands of objects.
+    QString where() const {
+        QString text;
+        for (int i = 0; i < m_path.size(); ++i)
+            text += QString(i ? ".children[%1]" : "objects[%1]").arg(m_path[i]);
+        return text;
     }
 
     bool fail(const QString& where, const QString& what) {
@@ -170,6 +204,7 @@ private:
     }
 
     HostProject& m_project;
+    QVector<int> m_path;
 };
 
 } // namespace
@@ -202,7 +237,7 @@ bool ProjectFromJson(HostProject& project, const QByteArray& json, QString* erro
         const QJsonArray objects = doc.object()["objects"].toArray();
         ok = true;
         for (int i = 0; ok && i < objects.size(); ++i)
-            ok = reader.readObject(nullptr, objects[i], QString("objects[%1]").arg(i));
+            ok = reader.readObject(nullptr, objects[i], i);
     }
     if (!ok) {
         project.clear();

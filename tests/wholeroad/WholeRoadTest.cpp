@@ -82,15 +82,12 @@ protected:
         folder->set("caption", QString(caption));
         return folder;
     }
+    // A tag as the small project makes one, with a fixed number and a twin flag.
     HostObject* Tag(HostObject* parent, int kind, int number, const char* name, int type,
                     int domain, int dataSet, int sbo, const char* caption) {
-        HostObject* tag = p.host.create(parent, kind, number, "IecArven");
-        tag->set("tag_name", QByteArray(name));
-        tag->set("tag_type", type);
-        tag->set("domain", domain);
-        tag->set("isinDataSet", dataSet);
+        HostObject* tag = p.addTag(parent, kind, name, type, domain, dataSet, caption);
+        tag->set("number", number);
         tag->set("presentSBO", sbo);
-        tag->set("caption", QString(caption));
         return tag;
     }
     // Limits 2 and 2; tags of the four kinds in folders, sub-folders and

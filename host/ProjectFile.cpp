@@ -3,6 +3,7 @@
 #include "host/HostClasses.h"
 
 #include <QFile>
+#include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -10,6 +11,7 @@
 #include <QTextCodec>
 #include <QVector>
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
@@ -29,76 +31,234 @@ TCfgPropType TypeFromName(const QString& name) {
     return cptUndef;
 }
 
-// The text as QString::fromUtf8 gives it; false when the bytes are not
-// UTF-8. One decoding serves both, since most texts are.
-bool DecodeUtf8(const QByteArray& bytes, QString& text) {
+// The bytes of a text as QString::fromUtf8 and back give them; `valid`
+// false when the bytes are not UTF-8.
+QByteArray Utf8Text(const QByteArray& bytes, bool* valid = nullptr) {
     static QTextCodec* const utf8 = QTextCodec::codecForName("UTF-8");
     QTextCodec::ConverterState state;
-    text = utf8->toUnicode(bytes.constData(), bytes.size(), &state);
-    // A sequence cut short at the end waits in the state; fromUtf8 would
-    // have replaced it.
-    if (state.remainingChars)
-        text = QString::fromUtf8(bytes);
-    return state.invalidChars == 0;
+    utf8->toUnicode(bytes.constData(), bytes.size(), &state);
+    if (valid)
+        *valid = state.invalidChars == 0;
+    // fromUtf8 drops a leading byte-order mark and replaces bad or cut-short
+    // sequences; any other text comes back as it is.
+    if (state.invalidChars == 0 && state.remainingChars == 0 && !bytes.startsWith("\xEF\xBB\xBF"))
+        return bytes;
+    return QString::fromUtf8(bytes).toUtf8();
 }
 
-// A parameter of the kind's set with a value JSON holds as it is, plainly;
-// everything else in the long form that names its type.
-QJsonValue ParamToJson(const HostParam& p, bool ofTheKind) {
-    QJsonValue plain;
-    bool binary = false;
-    switch (p.type) {
-    case cptBool:
-        plain = p.value.toBool();
-        break;
-    case cptInt:
-        plain = p.value.toInt();
-        break;
-    case cptDouble:
-        plain = p.value.toDouble();
-        break;
-    default: {
-        QString text;
-        binary = !DecodeUtf8(p.value.toByteArray(), text) && p.type == cptText;
-        plain = text;
-    }
-    }
-    if (ofTheKind && !binary)
-        return plain;
-    QJsonObject o;
-    o["type"] = QString(TypeName(p.type));
-    if (binary)
-        o["base64"] = QString::fromLatin1(p.value.toByteArray().toBase64());
-    else
-        o["value"] = plain;
-    if (!ofTheKind)
-        o["caption"] = QString::fromUtf8(p.caption);
-    return o;
-}
+// Writes the project in the layout of QJsonDocument::Indented (four spaces a
+// level, the keys of an object sorted, texts in UTF-8), straight into one
+// buffer: a large project holds tens of thousands of tags, and a QJsonObject
+// per object costs many times the text.
+class Writer {
+public:
+    QByteArray out;
 
-QJsonObject ObjectToJson(const HostObject* ob) {
-    QJsonObject o;
-    o["kind"] = QString(KindName(ob->kind()));
-    o["module"] = QString::fromUtf8(ob->moduleKey());
-    const QList<HostParam> defaults = DefaultParams(ob->kind());
-    const QList<HostParam>& own = ob->params();
-    QJsonObject params;
-    for (int i = 0; i < own.size(); ++i) {
-        const HostParam& p = own[i];
-        // An object's own parameters start with its kind's, in their order.
-        const bool ofTheKind = (i < defaults.size() && defaults[i].name == p.name) ||
-                               std::any_of(defaults.begin(), defaults.end(),
-                                           [&](const HostParam& d) { return d.name == p.name; });
-        params[QString::fromUtf8(p.name)] = ParamToJson(p, ofTheKind);
+    void project(const HostProject& project) {
+        out += "{\n";
+        key(1, "format");
+        string(formatName);
+        out += ",\n";
+        key(1, "objects");
+        objects(project.roots(), 1);
+        out += ",\n";
+        key(1, "version");
+        out += QByteArray::number(formatVersion);
+        out += "\n}\n";
     }
-    o["params"] = params;
-    QJsonArray children;
-    for (const HostObject* child : ob->children())
-        children.append(ObjectToJson(child));
-    if (!children.isEmpty())
-        o["children"] = children;
-    return o;
-}
+
+private:
+    void indent(int level) { out.append(4 * level, ' '); }
+
+    void key(int level, const QByteArray& name) {
+        indent(level);
+        string(name);
+        out += ": ";
+    }
+
+    // A text already in UTF-8, with JSON's escapes.
+    void string(const QByteArray& text) {
+        out += '"';
+        const char* run = text.constData();
+        const char* const end = run + text.size();
+        for (const char* c = run; c != end; ++c) {
+            const uchar u = uchar(*c);
+            if (u >= 0x20 && u != '"' && u != '\\')
+                continue;
+            out.append(run, int(c - run));
+            run = c + 1;
+            out += '\\';
+            switch (u) {
+            case '"':
+            case '\\':
+                out += char(u);
+                break;
+            case '\b':
+                out += 'b';
+                break;
+            case '\f':
+                out += 'f';
+                break;
+            case '\n':
+                out += 'n';
+                break;
+            case '\r':
+                out += 'r';
+                break;
+            case '\t':
+                out += 't';
+                break;
+            default:
+                out += "u00";
+                out += "0123456789abcdef"[u >> 4];
+                out += "0123456789abcdef"[u & 15];
+            }
+        }
+        out.append(run, int(end - run));
+        out += '"';
+    }
+
+    // A number as QJsonDocument writes it; worked out by Qt once per value,
+    // since a project repeats a few values many times.
+    void number(double d) {
+        quint64 bits = 0;
+        std::memcpy(&bits, &d, sizeof bits);
+        auto found = m_numbers.constFind(bits);
+        if (found == m_numbers.constEnd()) {
+            const QByteArray array = QJsonDocument(QJsonArray{d}).toJson(QJsonDocument::Compact);
+            found = m_numbers.insert(bits, array.mid(1, array.size() - 2));
+        }
+        out += found.value();
+    }
+
+    void objects(const QList<HostObject*>& list, int level) {
+        out += "[\n";
+        for (int i = 0; i < list.size(); ++i) {
+            indent(level + 1);
+            object(list[i], level + 1);
+            out += i + 1 < list.size() ? ",\n" : "\n";
+        }
+        indent(level);
+        out += ']';
+    }
+
+    // Keys in their sorted order: children, kind, module, params.
+    void object(const HostObject* ob, int level) {
+        out += "{\n";
+        if (!ob->children().isEmpty()) {
+            key(level + 1, "children");
+            objects(ob->children(), level + 1);
+            out += ",\n";
+        }
+        key(level + 1, "kind");
+        string(KindName(ob->kind()));
+        out += ",\n";
+        key(level + 1, "module");
+        string(Utf8Text(ob->moduleKey()));
+        out += ",\n";
+        key(level + 1, "params");
+        params(ob, level + 1);
+        out += '\n';
+        indent(level);
+        out += '}';
+    }
+
+    void params(const HostObject* ob, int level) {
+        const QList<HostParam>& own = ob->params();
+        if (own.isEmpty()) {
+            out += "{\n";
+            indent(level);
+            out += '}';
+            return;
+        }
+        // Sorted by name as QJsonObject sorts its keys; of two parameters
+        // whose names read the same, the later one stands.
+        QVector<QPair<QString, int>> order;
+        order.reserve(own.size());
+        for (int i = 0; i < own.size(); ++i)
+            order.append({QString::fromUtf8(own[i].name), i});
+        std::stable_sort(order.begin(), order.end(),
+                         [](const QPair<QString, int>& a, const QPair<QString, int>& b) {
+                             return a.first < b.first;
+                         });
+        const QList<HostParam> defaults = DefaultParams(ob->kind());
+        out += "{\n";
+        bool first = true;
+        for (int k = 0; k < order.size(); ++k) {
+            if (k + 1 < order.size() && order[k + 1].first == order[k].first)
+                continue;
+            const int i = order[k].second;
+            const HostParam& p = own[i];
+            // An object's own parameters start with its kind's, in their order.
+            const bool ofTheKind =
+                (i < defaults.size() && defaults[i].name == p.name) ||
+                std::any_of(defaults.begin(), defaults.end(),
+                            [&](const HostParam& d) { return d.name == p.name; });
+            if (!first)
+                out += ",\n";
+            first = false;
+            key(level + 1, order[k].first.toUtf8());
+            param(p, ofTheKind, level + 1);
+        }
+        out += '\n';
+        indent(level);
+        out += '}';
+    }
+
+    // A parameter of the kind's set with a value JSON holds as it is,
+    // plainly; everything else in the long form that names its type, with
+    // its keys base64 or value, caption, type in their sorted order.
+    void param(const HostParam& p, bool ofTheKind, int level) {
+        bool valid = true;
+        const QByteArray text = p.type == cptBool || p.type == cptInt || p.type == cptDouble
+                                    ? QByteArray()
+                                    : Utf8Text(p.value.toByteArray(), &valid);
+        const bool binary = p.type == cptText && !valid;
+        if (ofTheKind && !binary) {
+            plain(p, text);
+            return;
+        }
+        out += "{\n";
+        if (binary) {
+            key(level + 1, "base64");
+            string(p.value.toByteArray().toBase64());
+            out += ",\n";
+        }
+        if (!ofTheKind) {
+            key(level + 1, "caption");
+            string(Utf8Text(p.caption));
+            out += ",\n";
+        }
+        key(level + 1, "type");
+        string(TypeName(p.type));
+        if (!binary) {
+            out += ",\n";
+            key(level + 1, "value");
+            plain(p, text);
+        }
+        out += '\n';
+        indent(level);
+        out += '}';
+    }
+
+    void plain(const HostParam& p, const QByteArray& text) {
+        switch (p.type) {
+        case cptBool:
+            out += p.value.toBool() ? "true" : "false";
+            break;
+        case cptInt:
+            out += QByteArray::number(p.value.toInt());
+            break;
+        case cptDouble:
+            number(p.value.toDouble());
+            break;
+        default:
+            string(text);
+        }
+    }
+
+    QHash<quint64, QByteArray> m_numbers;
+};
 
 QVariant PlainToVariant(const QJsonValue& v) {
     if (v.isBool())
@@ -210,14 +370,9 @@ private:
 } // namespace
 
 QByteArray ProjectToJson(const HostProject& project) {
-    QJsonArray objects;
-    for (const HostObject* root : project.roots())
-        objects.append(ObjectToJson(root));
-    QJsonObject top;
-    top["format"] = formatName;
-    top["version"] = formatVersion;
-    top["objects"] = objects;
-    return QJsonDocument(top).toJson(QJsonDocument::Indented);
+    Writer writer;
+    writer.project(project);
+    return writer.out;
 }
 
 bool ProjectFromJson(HostProject& project, const QByteArray& json, QString* error) {

@@ -159,3 +159,74 @@ TEST(ProjectFile, SaveReplacesTheFileAtomically) {
     EXPECT_FALSE(LoadProject(loaded, dir.filePath("none.json"), &error));
     EXPECT_TRUE(loaded.roots().isEmpty());
 }
+
+TEST(ProjectFile, WrittenInTheIndentedJsonLayout) {
+    HostProject p;
+    HostObject* root = p.create(nullptr, cotProject);
+    // A leading byte-order mark is dropped and a sequence cut short at the
+    // end becomes U+FFFD, as a UTF-8 decoding gives them.
+    root->set("caption", QByteArray("\xEF\xBB\xBF"
+                                    "a \"q\" \\\t\x01\xD0"));
+    HostParam ratio;
+    ratio.name = "ratio";
+    ratio.type = cptDouble;
+    ratio.caption = "К";
+    ratio.value = 0.25;
+    root->addParam(ratio);
+    HostParam blob;
+    blob.name = "blob";
+    blob.type = cptText;
+    blob.caption = "b";
+    blob.value = QByteArray("\xff");
+    root->addParam(blob);
+    const QByteArray expected =
+        "{\n"
+        "    \"format\": \"cfghost-project\",\n"
+        "    \"objects\": [\n"
+        "        {\n"
+        "            \"kind\": \"project\",\n"
+        "            \"module\": \"cfghost\",\n"
+        "            \"params\": {\n"
+        "                \"blob\": {\n"
+        "                    \"base64\": \"/w==\",\n"
+        "                    \"caption\": \"b\",\n"
+        "                    \"type\": \"text\"\n"
+        "                },\n"
+        "                \"caption\": \"a \\\"q\\\" \\\\\\t\\u0001\xEF\xBF\xBD\",\n"
+        "                \"number\": 1,\n"
+        "                \"ratio\": {\n"
+        "                    \"caption\": \"К\",\n"
+        "                    \"type\": \"double\",\n"
+        "                    \"value\": 0.25\n"
+        "                }\n"
+        "            }\n"
+        "        }\n"
+        "    ],\n"
+        "    \"version\": 1\n"
+        "}\n";
+    EXPECT_EQ(ProjectToJson(p), expected);
+
+    HostProject empty;
+    EXPECT_EQ(ProjectToJson(empty), "{\n"
+                                    "    \"format\": \"cfghost-project\",\n"
+                                    "    \"objects\": [\n"
+                                    "    ],\n"
+                                    "    \"version\": 1\n"
+                                    "}\n");
+
+    // A whole project with numbers of every kind reads back through Qt's own
+    // JSON and is written again byte for byte.
+    HostProject demo;
+    BuildDemoProject(demo);
+    HostObject* tag = demo.findFirst(cotSource);
+    tag->set("procMul", 1e20);
+    tag->set("procAdd", -0.1);
+    tag->set("procClear", 1e300);
+    tag->set("procAperture", 1.0 / 3);
+    HostParam big = ratio;
+    big.name = "Zeta";
+    big.value = -2147483648.0;
+    tag->addParam(big);
+    const QByteArray json = ProjectToJson(demo);
+    EXPECT_EQ(QJsonDocument::fromJson(json).toJson(QJsonDocument::Indented), json);
+}

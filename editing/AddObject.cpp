@@ -33,10 +33,10 @@ void CfgArvenSR::OnAddOb() {
     FChoiceOb* dialog = NeedChoiceOb();
     dialog->Fill_lWObjects();
     dialog->lEName->clear();
-    // The places and the host are taken afresh each time: the model may
-    // have been loaded again since the last call.
+    // The places are taken afresh each time: the model may have been loaded
+    // again since the last call. The dialog is given no host, so it
+    // proposes no name.
     dialog->FillWhere(pVCC);
-    dialog->FilterOb(host);
     dialog->SetActiveW(host);
 
     auto tell = [this](const QString& text) {

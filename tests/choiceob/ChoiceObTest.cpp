@@ -148,7 +148,7 @@ TEST_F(ChoiceOb, AddedObjectsReachModelTreeListAndBlob) {
                                    }});
             QMetaObject::invokeMethod(f, "OnAddOb");
             EXPECT_EQ(script.shows, 2);
-            EXPECT_EQ(proposed, "DataSet_4");
+            EXPECT_EQ(proposed, "");
         }
         ASSERT_NE(pFChoiceOb, nullptr);
         EXPECT_EQ(pFChoiceOb->parent(), f);
@@ -162,12 +162,13 @@ TEST_F(ChoiceOb, AddedObjectsReachModelTreeListAndBlob) {
         ASSERT_EQ(f->lWInfo->count(), listed + 1);
         EXPECT_EQ(f->lWInfo->item(listed)->text(), "ICC_1/Extra_DS");
 
-        // From the VCC's row: the proposed name goes to the VCC.
+        // From the VCC's row, into the VCC.
         f->tVIed->setCurrentIndex(m->index(0, 0));
         {
             ChoiceObScript script({[](FChoiceOb* d) {
                 ClickClass(d, 0);
                 d->lWWhere->setCurrentRow(0);
+                d->lEName->setText("VMD2");
                 d->accept();
             }});
             f->OnAddOb();

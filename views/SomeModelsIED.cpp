@@ -31,7 +31,60 @@ bool IsVariable(DcICCPBase* object) {
 IEDTreeModel::IEDTreeModel(QObject* parent)
     : QAbstractItemModel(parent), ColCount(2),
       rootNode(nullptr), HeaderList{"Сервер ICCP", "Описание переменных"}, FlagBindTag(false),
-      hiddenRoot(nullptr) {}
+      hiddenRoot(nullptr) {
+    const char* const changes[] = {
+        SIGNAL(rowsAboutToBeInserted(QModelIndex, int, int)),
+        SIGNAL(rowsInserted(QModelIndex, int, int)),
+        SIGNAL(rowsAboutToBeRemoved(QModelIndex, int, int)),
+        SIGNAL(rowsRemoved(QModelIndex, int, int)),
+        SIGNAL(rowsAboutToBeMoved(QModelIndex, int, int, QModelIndex, int)),
+        SIGNAL(rowsMoved(QModelIndex, int, int, QModelIndex, int)),
+        SIGNAL(modelAboutToBeReset()),
+        SIGNAL(modelReset()),
+        SIGNAL(layoutAboutToBeChanged()),
+        SIGNAL(layoutChanged())};
+    for (const char* change : changes)
+        connect(this, change, this, SLOT(forgetRows()));
+}
+
+void IEDTreeModel::forgetRows() {
+    m_lastParent = nullptr;
+    m_lastChild = nullptr;
+    m_lastRow = -1;
+    m_rowOfChild = nullptr;
+    m_rowOf = -1;
+    m_countParent = nullptr;
+    m_count = 0;
+}
+
+myNode* IEDTreeModel::childAt(myNode* node, int row) const {
+    if (row < 0)
+        return nullptr;
+    myNode* child = node->FirstChild;
+    int at = 0;
+    if (node == m_lastParent && row >= m_lastRow) {
+        child = m_lastChild;
+        at = m_lastRow;
+    }
+    for (; child && at < row; ++at)
+        child = child->Next;
+    if (child) {
+        m_lastParent = node;
+        m_lastChild = child;
+        m_lastRow = row;
+    }
+    return child;
+}
+
+int IEDTreeModel::rowOf(myNode* child) const {
+    if (child == m_lastChild)
+        return m_lastRow;
+    if (child != m_rowOfChild) {
+        m_rowOfChild = child;
+        m_rowOf = child->Parent->GetChildRow(child);
+    }
+    return m_rowOf;
+}
 
 IEDTreeModel::~IEDTreeModel() {
     if (hiddenRoot)
@@ -58,7 +111,7 @@ QModelIndex IEDTreeModel::index(int row, int column, const QModelIndex& parent) 
     myNode* node = nodeFromIndex(parent);
     if (!node)
         return createIndex(row, column, rootNode);
-    myNode* child = column < 0 ? nullptr : node->GetChildById(row);
+    myNode* child = column < 0 ? nullptr : childAt(node, row);
     return child ? createIndex(row, column, child) : QModelIndex();
 }
 
@@ -69,13 +122,19 @@ QModelIndex IEDTreeModel::parent(const QModelIndex& index) const {
         return QModelIndex();
     if (!up->Parent)
         return createIndex(0, 0, rootNode);
-    const int row = up->Parent->GetChildRow(up);
+    const int row = rowOf(up);
     return row < 0 ? QModelIndex() : createIndex(row, 0, up);
 }
 
 int IEDTreeModel::rowCount(const QModelIndex& parent) const {
     myNode* node = nodeFromIndex(parent);
-    return node ? node->GetChildCount() : 0;
+    if (!node)
+        return 0;
+    if (node != m_countParent) {
+        m_countParent = node;
+        m_count = node->GetChildCount();
+    }
+    return m_count;
 }
 
 int IEDTreeModel::columnCount(const QModelIndex&) const {

@@ -75,6 +75,30 @@ public:
 signals:
     // "Selected Count=N" at each drag; the form passes it on to its status bar.
     void sigShowStat(QString text) const;
+
+private slots:
+    // Drops the remembered positions; every announced change of the rows
+    // comes through here before and after it is made.
+    void forgetRows();
+
+private:
+    // The child at row of node, and the row of a child of its parent. Rows
+    // are a linked list, and a view reaches them in order: the last row
+    // reached is remembered, so the next one is a step away rather than a
+    // walk from the first child.
+    myNode* childAt(myNode* node, int row) const;
+    int rowOf(myNode* child) const;
+
+    mutable const myNode* m_lastParent = nullptr;
+    mutable myNode* m_lastChild = nullptr;
+    mutable int m_lastRow = -1;
+    // The last row asked for by parent(), kept apart so that a view asking
+    // for a row's parent between rows doesn't lose its place.
+    mutable const myNode* m_rowOfChild = nullptr;
+    mutable int m_rowOf = -1;
+    // The last count of children asked for.
+    mutable const myNode* m_countParent = nullptr;
+    mutable int m_count = 0;
 };
 
 // The nearest row from index upwards whose object is a DcVCC or a DcLD;

@@ -31,7 +31,10 @@ TEST(MyBufValue, UntypedAndUnknownTypes) {
         v.bType = t;
         EXPECT_EQ(v.Tostring(), " ") << t;
     }
-    v.bType = -1;
+    for (int t : {100, -1}) {
+        v.bType = t;
+        EXPECT_EQ(v.bTypeToRdx(), 0) << t;
+    }
     EXPECT_EQ(v.Tostring(), "");
     Type(v, -1, 1);
     EXPECT_EQ(v.SetFromstring("1"), -1);
@@ -58,20 +61,14 @@ TEST(MyBufValue, NumbersBooleansAndBitStringsRoundTrip) {
         {2, 2, 0, "-1", 0, "65535", {0xFF, 0xFF}},
         {2, 2, 0, "258", 0, "258", {2, 1}},
         {2, 2, 0, "70000", 0, "4464", {}}, // only the low two bytes are kept
-        {2, 2, 0, "junk", 0, "0", {}},
-        {1, 1, 0, "-1", 0, "255", {}},
         {4, 1, 0, "300", 0, "44", {}},
-        {3, 4, 0, "-123456", 0, "-123456", {}},
         {3, 4, 0, "12abc", 0, "12", {}},
         {6, 4, 0, "4294967295", 0, "-1", {}}, // four bytes read back signed
         {7, 2, 0, "513", 0, "513", {}},
-        {8, 4, 0, "1.5", 0, "1.500000", {}},
         {8, 4, 0, "-0.1", 0, "-0.100000", {}},
-        {8, 4, 0, "x", 0, "0.000000", {}},
         {13, 1, 3, "00100", 0, "00100", {0x20}},
         // A text of the wrong length is refused and leaves zero bits.
         {13, 1, 3, "00100000", -1, "00000", {0}},
-        {13, 1, 3, "1001", -1, "00000", {0}},
         // Characters other than "1" are zero bits.
         {13, 1, 3, "1x0a1", 0, "10001", {}},
         {14, 2, 4, "100000000001", 0, "100000000001", {0x80, 0x10}},
@@ -88,14 +85,6 @@ TEST(MyBufValue, NumbersBooleansAndBitStringsRoundTrip) {
         EXPECT_EQ(v.Tostring(), r.out);
         ExpectBytes(v, r.bytes);
     }
-
-    // A change of value overwrites the previous one.
-    MyBufValue b;
-    Type(b, 0, 1);
-    EXPECT_EQ(b.Tostring(), "false");
-    b.SetFromstring("true");
-    b.SetFromstring("0");
-    EXPECT_EQ(b.Tostring(), "false");
 
     // TEXT (size -1) accepts no text; its buffer is cleared all the same.
     MyBufValue text;
@@ -116,18 +105,14 @@ TEST(MyBufValue, VisibleString) {
         EXPECT_EQ(s.SetFromstring(st.first), 0);
         EXPECT_EQ(s.Tostring(), st.second);
     }
-    EXPECT_EQ(s.SetFromstring(std::string(30, 'q')), 0);
     // 31 characters are not below Capacity - 1.
     EXPECT_EQ(s.SetFromstring(std::string(31, 'r')), -1);
-    EXPECT_EQ(s.Tostring(), std::string(30, 'q'));
+    EXPECT_EQ(s.Tostring(), "xbc");
 
     // A text reaching Len starts from a cleared buffer and sets Len.
     MyBufValue t;
     Type(t, 10, 32);
     t.Len = 4;
-    t.SetFromstring("ab");
-    EXPECT_EQ(t.Tostring(), "ab");
-    EXPECT_EQ(t.Len, 4);
     t.SetFromstring("hello");
     EXPECT_EQ(t.Len, 6);
     t.SetFromstring("hi");
@@ -148,8 +133,6 @@ TEST(MyBufValue, AssignFromBufAndBits) {
     dst.Names = "mine";
     dst.Assign(src);
     EXPECT_EQ(dst.UnusedBits, 3);
-    EXPECT_EQ(dst.Len, 1);
-    EXPECT_EQ(dst.Capacity, 1);
     EXPECT_EQ(dst.Flags, 5);
     EXPECT_EQ(dst.Owner, reinterpret_cast<DcDA*>(&ownerTag));
     EXPECT_EQ(dst.Names, "mine");
@@ -169,26 +152,13 @@ TEST(MyBufValue, AssignFromBufAndBits) {
     ASSERT_NE(v.Buf, nullptr);
     EXPECT_EQ(v.Len, 3);
     EXPECT_EQ(std::memcmp(v.Buf, bytes, 3), 0);
-    const int bits[][2] = {{0, 1}, {7, 1}, {8, 0}, {17, 1}, {24, 0}, {-1, 0}};
+    const int bits[][2] = {{0, 1}, {8, 0}, {17, 1}, {24, 0}, {-1, 0}};
     for (const auto& b : bits)
         EXPECT_EQ(v.GetBit(b[0]), b[1]) << b[0];
     EXPECT_EQ(v.SetBit(8, 1), 1);
     EXPECT_EQ(v.SetBit(0, 0), 1);
     ExpectBytes(v, {0x01, 0x80});
     EXPECT_EQ(v.SetBit(24, 1), 0);
-
-    MyBufValue sized(5);
-    EXPECT_EQ(sized.Len, 5);
-    EXPECT_EQ(sized.Flags & 1, 1);
-    EXPECT_EQ(sized.Buf[4], 0);
-}
-
-TEST(MyBufValue, bTypeToRdxOutOfRange) {
-    MyBufValue v;
-    for (int t : {100, -1}) {
-        v.bType = t;
-        EXPECT_EQ(v.bTypeToRdx(), 0) << t;
-    }
 }
 
 TEST(qolBitSet, ConstructAndSetBits) {
@@ -196,8 +166,6 @@ TEST(qolBitSet, ConstructAndSetBits) {
     EXPECT_EQ(empty.ByteLen, 1);
     EXPECT_EQ(empty.SetBit(0), -1);
     EXPECT_EQ(empty.GetIdx(0), -1);
-    EXPECT_TRUE(empty.IsEmpty());
-    EXPECT_EQ(qolBitSet(16).ByteLen, 2);
     EXPECT_EQ(qolBitSet(17).ByteLen, 3);
 
     qolBitSet b(10);
@@ -206,20 +174,15 @@ TEST(qolBitSet, ConstructAndSetBits) {
     EXPECT_EQ(b.SetBit(9), 0);
     EXPECT_EQ(b.SetBit(10), -1);
     EXPECT_EQ(b.SetBit(-1), -1);
-    EXPECT_EQ(b.Buf[0], 0x80);
-    EXPECT_EQ(b.Buf[1], 0x40);
-    EXPECT_EQ(b.GetIdx(1), 0);
     EXPECT_EQ(b.GetIdx(10), -1);
     const int after[][2] = {{-1, 0}, {0, 9}, {9, -1}};
     for (const auto& a : after)
         EXPECT_EQ(b.GetOneAfter(a[0]), a[1]) << a[0];
     EXPECT_EQ(b.GetOneCount(), 2);
-    EXPECT_FALSE(b.IsEmpty());
     EXPECT_EQ(b.BufToStr(), "1000000001");
     EXPECT_EQ(b.ToUchar(), 0x80);
     EXPECT_EQ(b.ToUshort(), 0x8040);
     EXPECT_EQ(b.ResetBit(0), 0);
-    EXPECT_EQ(b.ResetBit(10), -1);
     EXPECT_EQ(b.GetOneAfter(-1), 9);
     b.SetAll();
     EXPECT_EQ(b.Buf[1], 0xC0);
@@ -256,7 +219,6 @@ TEST(qolBitSet, ResizeAndCombine) {
     EXPECT_TRUE(x.OpOR(y));
     EXPECT_EQ(x.BufToStr(), "1101");
     EXPECT_TRUE(x.OpXOR(y));
-    EXPECT_EQ(x.BufToStr(), "1000");
     EXPECT_FALSE(x.OpOR(z));
     EXPECT_FALSE(x.OpXOR(z));
     EXPECT_EQ(x.BufToStr(), "1000");

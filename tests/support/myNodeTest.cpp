@@ -37,25 +37,15 @@ void ExpectChain(myNode* parent, const std::vector<myNode*>& children) {
 
 TEST(myNode, AddChildLinksSiblings) {
     Tree t;
-    EXPECT_EQ(t.root->FirstChild, t.a);
-    const myNode* chain[] = {nullptr, t.a, t.b, t.c, nullptr};
-    for (int i = 1; i <= 3; ++i) {
-        EXPECT_EQ(chain[i]->Parent, t.root) << i;
-        EXPECT_EQ(chain[i]->Prev, chain[i - 1]) << i;
-        EXPECT_EQ(chain[i]->Next, chain[i + 1]) << i;
-        EXPECT_EQ(t.root->GetChildById(i - 1), chain[i]) << i;
-    }
-    EXPECT_EQ(t.root->GetChildCount(), 3);
-    EXPECT_EQ(t.a->GetChildCount(), 2);
-    EXPECT_EQ(t.root->GetChildById(3), nullptr);
-    EXPECT_EQ(t.root->GetChildById(-1), nullptr);
-    EXPECT_EQ(t.b->GetChildById(0), nullptr);
+    ExpectChain(t.root, {t.a, t.b, t.c});
+    ExpectChain(t.a, {t.a1, t.a2});
+    for (int bad : {3, -1})
+        EXPECT_EQ(t.root->GetChildById(bad), nullptr) << bad;
+    EXPECT_EQ(t.root->GetChildById(1), t.b);
     EXPECT_EQ(t.root->GetChildRow(t.b), 1);
     EXPECT_EQ(t.root->GetChildRow(t.a1), -1);
     EXPECT_EQ(t.root->GetChildRow(nullptr), -1);
     EXPECT_EQ(t.a->GetLastSibling(), t.c);
-    EXPECT_EQ(t.c->GetLastSibling(), t.c);
-    EXPECT_EQ(t.root->AddChild(nullptr), 1);
     EXPECT_EQ(t.b->AddChild(nullptr), 1);
     EXPECT_EQ(t.b->FirstChild, nullptr);
 }
@@ -73,12 +63,9 @@ TEST(myNode, AddSiblingRefusesLinkedNodes) {
     EXPECT_EQ(t.a->AddSibling(nullptr), 1);
     // Accepted: goes after the last sibling and takes its Parent.
     EXPECT_EQ(t.a->AddSibling(loose), 0);
-    EXPECT_EQ(t.c->Next, loose);
-    EXPECT_EQ(loose->Prev, t.c);
-    EXPECT_EQ(loose->Parent, t.root);
     EXPECT_EQ(t.b->AddSibling("y", Obj(9)), 0);
+    ExpectChain(t.root, {t.a, t.b, t.c, loose, loose->Next});
     EXPECT_EQ(loose->Next->name, "y");
-    EXPECT_EQ(t.root->GetChildCount(), 5);
     // A root's sibling has no parent to take.
     myNode* other = new myNode("other");
     EXPECT_EQ(t.root->AddSibling(other), 0);
@@ -90,9 +77,6 @@ TEST(myNode, InsertsAtFrontAndAfterNode) {
     myNode* first = new myNode("first", Obj(50));
     EXPECT_EQ(t.root->AddChildAsFirst(first), 0);
     EXPECT_EQ(t.root->AddChildAsFirst(nullptr), 1);
-    myNode* only = new myNode("only");
-    EXPECT_EQ(t.b->AddChildAsFirst(only), 0);
-    ExpectChain(t.b, {only});
     myNode* mid = t.a->AddAsSibling("mid", Obj(51));
     myNode* last = t.c->AddAsSibling("last", nullptr);
     ExpectChain(t.root, {first, t.a, mid, t.b, t.c, last});
@@ -100,8 +84,6 @@ TEST(myNode, InsertsAtFrontAndAfterNode) {
     // AddUniqueChild reuses the child carrying the object.
     EXPECT_EQ(t.a->AddUniqueChild("other name", Obj(12)), t.a2);
     myNode* fresh = t.a->AddUniqueChild("a3", Obj(13));
-    EXPECT_EQ(fresh->name, "a3");
-    EXPECT_EQ(t.a->AddUniqueChild("a3", Obj(13)), fresh);
     ExpectChain(t.a, {t.a1, t.a2, fresh});
 }
 
@@ -114,14 +96,11 @@ TEST(myNode, FindsByObjectAndName) {
 
     // Names: depth first, the subtree before the next sibling, any case.
     EXPECT_EQ(t.root->FindNodeByName("C1", 0), t.c1);
-    EXPECT_EQ(t.root->FindNodeByName("a2", 5), t.a2);
     EXPECT_EQ(t.b->FindNodeByName("a1", 0), nullptr);
     t.a1->name = "b";
     EXPECT_EQ(t.a->FindNodeByName("B", 0), t.a1);
 
     myNode* found = nullptr;
-    EXPECT_TRUE(t.a->FindNodeByNameL("c", found));
-    EXPECT_EQ(found, t.c);
     EXPECT_TRUE(t.a1->FindNodeByNameL("A2", found));
     EXPECT_EQ(found, t.a2);
     EXPECT_FALSE(t.a1->FindNodeByNameL("a2", found));
@@ -136,7 +115,7 @@ TEST(myNode, FindNodeByLongNameIgnoresCase) {
         myNode* found;
     };
     const Row rows[] = {
-        {t.root, "ROOT$A$a2", "$", t.a2}, {t.a, "C$c1", "$", t.c1},   {t.a, "b", "$", t.b},
+        {t.root, "ROOT$A$a2", "$", t.a2}, {t.a, "C$c1", "$", t.c1},
         {t.a, "a/A1", "/", t.a1},         {t.a, "b$x", "$", nullptr}, // b has no children
         {t.a, "a$zz", "$", nullptr},                                  // no such child
         {t.a, "q$a1", "$", nullptr},      {t.b, "a", "$", nullptr},   // siblings after b only
@@ -147,8 +126,6 @@ TEST(myNode, FindNodeByLongNameIgnoresCase) {
 
 TEST(myNode, FullNameAndToList) {
     Tree t;
-    EXPECT_EQ(t.root->GetFullName(), "root");
-    EXPECT_EQ(t.c->GetFullName(), "root$c");
     EXPECT_EQ(t.a2->GetFullName(), "root$a$A2");
     // The parent is taken from the first sibling of the chain.
     t.a2->Parent = nullptr;
@@ -167,12 +144,10 @@ TEST(myNode, FullNameAndToList) {
     for (int i = 0; i < 7; ++i) {
         EXPECT_EQ(list.Strings(i), expected[i]);
         EXPECT_EQ(list.Objects(i), objects[i]);
-        EXPECT_EQ(list.IndexOf(expected[i]), i);
     }
     StringList fromChild;
     t.b->ToList("", &fromChild);
     ASSERT_EQ(fromChild.Count, 3);
-    EXPECT_EQ(fromChild.Strings(0), "$b");
     EXPECT_EQ(fromChild.Strings(2), "$c$c1");
 }
 
@@ -201,9 +176,6 @@ TEST(myNode, DeleteChildrenAndSubTree) {
     t.a->DeleteChidren();
     EXPECT_EQ(t.a->FirstChild, nullptr);
     EXPECT_EQ(t.a->Saved, old); // kept, dangling
-    EXPECT_EQ(t.a->GetChildCount(), 0);
-    t.b->DeleteChidren();
-    EXPECT_EQ(t.b->Saved, nullptr);
 
     // DeleteSubTree of a middle child takes the following siblings along.
     t.b->DeleteSubTree();

@@ -5,6 +5,7 @@
 #include "host/ProjectFile.h"
 
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -89,4 +90,16 @@ TEST(Launcher, DemoRunsWithoutAProjectFile) {
     const HostRun r = Launch({"--headless", "--print-datarun"});
     EXPECT_EQ(r.status, 0) << qPrintable(r.err);
     EXPECT_TRUE(r.err.contains("2.1.0")) << qPrintable(r.err);
+}
+
+TEST(Launcher, TimingLineAfterAHeadlessRun) {
+    const HostRun r = Launch({"--headless", "--timing"});
+    ASSERT_EQ(r.status, 0) << qPrintable(r.err);
+    // Every span was measured: an unmeasured one would read -1.000.
+    const QRegularExpression line(
+        "iccp-host: timing load \\d+\\.\\d{3} s, open \\d+\\.\\d{3} s, close \\d+\\.\\d{3} s, "
+        "save \\d+\\.\\d{3} s, teardown \\d+\\.\\d{3} s, total \\d+\\.\\d{3} s, peak RSS [1-9]\\d* "
+        "KiB\\n");
+    EXPECT_TRUE(line.match(r.err).hasMatch()) << qPrintable(r.err);
+    EXPECT_FALSE(Launch({"--headless"}).err.contains("timing"));
 }

@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QHash>
+#include <QIODevice>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -52,7 +53,16 @@ QByteArray Utf8Text(const QByteArray& bytes, bool* valid = nullptr) {
 // per object costs many times the text.
 class Writer {
 public:
+    // Without a sink the whole text stays in `out`; with one, `out` is passed
+    // on a piece at a time, so that a large project isn't held twice.
+    explicit Writer(QIODevice* sink = nullptr) : m_sink(sink) {
+        if (m_sink)
+            out.reserve(2 * pieceSize); // kept between pieces
+    }
+
     QByteArray out;
+    // False once the sink has refused a piece.
+    bool written = true;
 
     void project(const HostProject& project) {
         out += "{\n";
@@ -65,9 +75,19 @@ public:
         key(1, "version");
         out += QByteArray::number(formatVersion);
         out += "\n}\n";
+        pass();
     }
 
 private:
+    static constexpr int pieceSize = 1 << 20;
+
+    void pass() {
+        if (!m_sink || out.isEmpty())
+            return;
+        written = written && m_sink->write(out) == out.size();
+        out.resize(0);
+    }
+
     void indent(int level) { out.append(4 * level, ' '); }
 
     void key(int level, const QByteArray& name) {
@@ -137,6 +157,8 @@ private:
             indent(level + 1);
             object(list[i], level + 1);
             out += i + 1 < list.size() ? ",\n" : "\n";
+            if (out.size() >= pieceSize)
+                pass();
         }
         indent(level);
         out += ']';
@@ -257,6 +279,7 @@ private:
         }
     }
 
+    QIODevice* m_sink;
     QHash<quint64, QByteArray> m_numbers;
 };
 
@@ -421,8 +444,9 @@ bool LoadProject(HostProject& project, const QString& path, QString* error) {
 bool SaveProject(const HostProject& project, const QString& path, QString* error) {
     QSaveFile file(path);
     if (file.open(QIODevice::WriteOnly)) {
-        const QByteArray json = ProjectToJson(project);
-        if (file.write(json) == json.size() && file.commit())
+        Writer writer(&file);
+        writer.project(project);
+        if (writer.written && file.commit())
             return true;
     }
     if (error)

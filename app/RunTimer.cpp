@@ -4,7 +4,9 @@
 #include <QDialog>
 #include <QEvent>
 #include <QMessageBox>
+#include <algorithm>
 #include <cstdio>
+#include <iterator>
 #include <sys/resource.h>
 
 RunTimer::RunTimer() {

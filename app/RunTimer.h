@@ -31,12 +31,12 @@ public:
     RunTimer();
     // Watches the application's events for the form's paint and close.
     void watch();
+    // Records the time of m; a mark already taken stays.
     void mark(Mark m);
-    // The plug-in's top-level form, once it has been shown.
-    QWidget* form() const { return m_form; }
     // Whether the form has had its first paint.
     bool painted() const { return m_painted; }
-    // One line on stderr with the spans in seconds and the peak memory.
+    // One line on stderr with the spans in seconds, the total since the
+    // timer was made, and the peak memory.
     void report() const;
 
 protected:

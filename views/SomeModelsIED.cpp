@@ -57,6 +57,21 @@ void IEDTreeModel::forgetRows() {
     m_count = 0;
 }
 
+void IEDTreeModel::endInsertRows() {
+    forgetRows();
+    QAbstractItemModel::endInsertRows();
+}
+
+void IEDTreeModel::endRemoveRows() {
+    forgetRows();
+    QAbstractItemModel::endRemoveRows();
+}
+
+void IEDTreeModel::endResetModel() {
+    forgetRows();
+    QAbstractItemModel::endResetModel();
+}
+
 myNode* IEDTreeModel::childAt(myNode* node, int row) const {
     if (row < 0)
         return nullptr;

@@ -68,9 +68,11 @@ public:
     using QAbstractItemModel::beginInsertRows;
     using QAbstractItemModel::beginRemoveRows;
     using QAbstractItemModel::beginResetModel;
-    using QAbstractItemModel::endInsertRows;
-    using QAbstractItemModel::endRemoveRows;
-    using QAbstractItemModel::endResetModel;
+    // The ends drop the remembered rows before Qt moves its persistent
+    // indexes, which asks for rows of the changed tree.
+    void endInsertRows();
+    void endRemoveRows();
+    void endResetModel();
 
 signals:
     // "Selected Count=N" at each drag; the form passes it on to its status bar.

@@ -29,10 +29,9 @@ TEST(StrUtils, CaseInPlaceAndOnCopy) {
     EXPECT_EQ(Str2Upper(s), "ABC_1");
     EXPECT_EQ(s, "ABC_1"); // changed in place
 
-    std::string kept = "MiXeD";
+    const std::string kept = "MiXeD";
     EXPECT_EQ(Str2LowerP(kept), "mixed");
     EXPECT_EQ(Str2UpperP(kept), "MIXED");
-    EXPECT_EQ(kept, "MiXeD");
     // Bytes above ASCII are left to the C locale: untouched here.
     EXPECT_EQ(Str2UpperP("\xd0\xb0z"), "\xd0\xb0Z");
 }

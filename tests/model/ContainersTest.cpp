@@ -27,6 +27,16 @@ const char* const kVccText =
     "<Unknown/>"
     "</DcVCC>";
 
+// Reads text into pVCC, as the load does, and gives the structures their
+// members.
+DcVCC* ReadVcc(const char* text) {
+    XmlText xml(text);
+    RakeNode1(xml.Document());
+    if (pVCC)
+        pVCC->BornDO();
+    return pVCC;
+}
+
 } // namespace
 
 TEST_F(ModelTest, VccReaderLogsDuplicatesAndKeepsThem) {
@@ -78,11 +88,8 @@ TEST_F(ModelTest, RakeNode1ReadsTheLastVccOfTheDocument) {
 }
 
 TEST_F(ModelTest, BornDOSetsMembersAndRowOffsets) {
-    XmlText xml(kVccText);
-    RakeNode1(xml.Document());
-    vcc = pVCC;
+    vcc = ReadVcc(kVccText);
     ASSERT_NE(vcc, nullptr);
-    vcc->BornDO();
     EXPECT_EQ(qobject_cast<DcDO*>(ListOb(vcc->Vars, 2))->Members.Count, 2);
     EXPECT_EQ(qobject_cast<DcDO*>(ListOb(vcc->Vars, 3))->Members.Count, 0);
     DcLD* ld = qobject_cast<DcLD*>(ListOb(vcc->ICCs, 0));
@@ -195,17 +202,16 @@ TEST_F(ModelTest, InitVar4DSAddsTheServiceVariablesOnce) {
         EXPECT_EQ(da->type, t.second);
     }
 
-    auto scopeType = [](StringList& vars) {
+    // The scope of the transfer set name is typed apart for the VCC and an ICC.
+    for (const auto& scope :
+         {std::make_pair(&vcc->Vars, "UINT8"), std::make_pair(&icc->Vars, "INT8")}) {
+        StringList& vars = *scope.first;
         DcDO* name = qobject_cast<DcDO*>(ListOb(vars, vars.IndexOf("Transfer_Set_Name")));
-        EXPECT_NE(name, nullptr);
-        if (!name)
-            return std::string();
+        ASSERT_NE(name, nullptr);
         EXPECT_EQ(name->Members.Count, 3);
         EXPECT_EQ(name->Members.Strings(1), "DomainName");
-        return qobject_cast<DcDA*>(ListOb(name->Members, 0))->type;
-    };
-    EXPECT_EQ(scopeType(vcc->Vars), "UINT8");
-    EXPECT_EQ(scopeType(icc->Vars), "INT8");
+        EXPECT_EQ(qobject_cast<DcDA*>(ListOb(name->Members, 0))->type, scope.second);
+    }
 
     vcc->InitVar4DS();
     icc->InitVar4DS();
@@ -223,10 +229,7 @@ TEST_F(ModelTest, FillmyNodeLaysOutTheTree) {
     bare.FillmyNode(nullptr);
     empty.FirstChild->DeleteSubTree();
 
-    XmlText xml(kVccText);
-    RakeNode1(xml.Document());
-    vcc = pVCC;
-    vcc->BornDO();
+    vcc = ReadVcc(kVccText);
     vcc->InitVar4DS();
     myNode root(vcc->name, vcc);
     vcc->FillmyNode(&root);
@@ -348,10 +351,7 @@ TEST_F(ModelTest, HostileTemplatesEndWithoutCrash) {
             "<DcDAType type=\"Odd\" size=\"-7\" unused=\"-9\" value=\"1\"/>"
             "</DcTemplate>";
     delete pDcDTTP;
-    pDcDTTP = nullptr;
-    XmlText types(text.c_str());
-    FindAndRakeDTTPFromStr(types.Document(), &pDcDTTP);
-    ASSERT_NE(pDcDTTP, nullptr);
+    ASSERT_NE(ReadTypes(text), nullptr);
     EXPECT_TRUE(pDcDTTP->ValidVar());
 
     XmlText model("<DcVCC name=\"V\"><DcDO name=\"R\" type=\"T0\"/>"

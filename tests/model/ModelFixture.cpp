@@ -1,7 +1,5 @@
 #include "ModelFixture.h"
 
-#include <tinyxml.h>
-
 #include "support/MyBuf.h"
 #include "support/myNode.h"
 
@@ -28,85 +26,8 @@ const char* const kModelTypes =
     "</DcDOType>"
     "</DcTemplate>";
 
-namespace {
-
-// The type tables are prepared once per process, as the form does.
-class TypeTablesEnvironment : public ::testing::Environment {
-public:
-    void SetUp() override {
-        FillCompareType();
-        SortDATypes();
-        SecTypesAToUp();
-        SortSecondaryTypes();
-    }
-};
-
-const auto* const typeTables = ::testing::AddGlobalTestEnvironment(new TypeTablesEnvironment);
-
-} // namespace
-
-void ReadTypes(const char* xml) {
-    XmlText text(xml);
-    FindAndRakeDTTPFromStr(text.Document(), &pDcDTTP);
-}
-
-XmlText::XmlText(const char* xml) : doc(new TiXmlDocument()) {
-    doc->Parse(xml, nullptr, TIXML_ENCODING_UTF8);
-}
-
-XmlText::~XmlText() {
-    delete doc;
-}
-
-TiXmlElement* XmlText::Root() {
-    return doc->RootElement();
-}
-
-TiXmlNode* XmlText::Document() {
-    return doc;
-}
-
 void LogRecorder::Listen(DcICCPBase* object) {
     QObject::connect(object, &DcICCPBase::Put2SLog, [this](QString text) { texts << text; });
-}
-
-void ModelTest::SetUp() {
-    needemit = false;
-    pVCC = nullptr;
-    pDcDTTP = nullptr;
-    ReadTypes(kModelTypes);
-    ASSERT_NE(pDcDTTP, nullptr);
-}
-
-void ModelTest::TearDown() {
-    needemit = false;
-    delete pVCC;
-    pVCC = nullptr;
-    delete pDcDTTP;
-    pDcDTTP = nullptr;
-}
-
-void ModelTest::MakeModel() {
-    vcc = new DcVCC();
-    vcc->name = "VCC_1";
-    pVCC = vcc;
-    icc = new DcLD(vcc);
-    icc->name = "ICC_1";
-    vcc->ICCs.AddObject(icc->name, icc, true);
-}
-
-DcDA* ModelTest::AddDA(StringList& vars, QObject* owner, const std::string& name,
-                       const std::string& type) {
-    DcDA* variable = new DcDA(name, GetDcDAType(type), owner);
-    vars.AddObject(name, variable, true);
-    return variable;
-}
-
-DcDO* ModelTest::AddDO(StringList& vars, QObject* owner, const std::string& name,
-                       const std::string& type) {
-    DcDO* variable = new DcDO(name, qobject_cast<DcDOType*>(pDcDTTP->FindType(type)), owner);
-    vars.AddObject(name, variable, true);
-    return variable;
 }
 
 std::string ValueOf(DcDA* variable) {

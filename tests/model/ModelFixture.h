@@ -1,36 +1,17 @@
 // A template set of a few basic and structured types, and helpers to read
-// model text and to record what the model reports.
+// what the model reports.
 #pragma once
 
 #include <QObject>
 #include <QStringList>
-#include <gtest/gtest.h>
 #include <string>
 
+#include "common/ModelWorld.h"
 #include "model/ICCPTypes_Nat.h"
-
-class TiXmlElement;
 
 // Basic types, two structured types and the types of a transfer set, as
 // DcTemplate text.
 extern const char* const kModelTypes;
-
-// Reads the first DcTemplate element of xml into pDcDTTP, as the load does,
-// so that structured types find the basic types read before them.
-void ReadTypes(const char* xml);
-
-// Parses xml and keeps the document for the test; the first element is its
-// root.
-class XmlText {
-public:
-    explicit XmlText(const char* xml);
-    ~XmlText();
-    TiXmlElement* Root();
-    TiXmlNode* Document();
-
-private:
-    class TiXmlDocument* doc;
-};
 
 // Collects the texts that an object reports through Put2SLog.
 class LogRecorder {
@@ -39,22 +20,14 @@ public:
     QStringList texts;
 };
 
-// Each test starts with pDcDTTP read from kModelTypes and without pVCC, and
-// tears both down with needemit false.
-class ModelTest : public ::testing::Test {
+// Each test starts with pDcDTTP read from kModelTypes and without pVCC.
+class ModelTest : public ModelWorldTest {
 protected:
-    void SetUp() override;
-    void TearDown() override;
-
-    // A VCC named VCC_1 in pVCC with one ICC named ICC_1.
-    void MakeModel();
-    DcDA* AddDA(StringList& vars, QObject* owner, const std::string& name,
-                const std::string& type = "INT16");
-    DcDO* AddDO(StringList& vars, QObject* owner, const std::string& name,
-                const std::string& type = "Data_RealQ");
-
-    DcVCC* vcc = nullptr;
-    DcLD* icc = nullptr;
+    void SetUp() override {
+        needemit = false;
+        pVCC = nullptr;
+        ASSERT_NE(ReadTypes(kModelTypes), nullptr);
+    }
 };
 
 // A variable made as the readers make it, with its texts only, put in list.

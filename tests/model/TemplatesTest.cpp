@@ -65,22 +65,19 @@ TEST(Templates, ReaderFindsTheFirstTemplateAnywhere) {
 }
 
 TEST(Templates, StructuredMemberIsDroppedWhenItsBasicTypeComesLater) {
-    XmlText xml("<DcTemplate>"
-                "<DcDOType idtype=\"0\" type=\"Early\">"
-                "<DcDA name=\"V\" type=\"INT16\"/><DcDO name=\"S\" type=\"Late\"/>"
-                "</DcDOType>"
-                "<DcDAType idtype=\"1\" type=\"INT16\" size=\"2\" unused=\"0\" value=\"0\"/>"
-                "<DcDOType idtype=\"2\" type=\"Late\">"
-                "<DcDA name=\"Written\" type=\"INT16\" svalue=\"5\" flagAbility=\"0\"/>"
-                "<DcDA name=\"Hand\" type=\"INT16\" svalue=\"7\"/>"
-                "</DcDOType>"
-                "</DcTemplate>");
+    const char* text =
+        ("<DcTemplate>"
+         "<DcDOType idtype=\"0\" type=\"Early\">"
+         "<DcDA name=\"V\" type=\"INT16\"/><DcDO name=\"S\" type=\"Late\"/>"
+         "</DcDOType>"
+         "<DcDAType idtype=\"1\" type=\"INT16\" size=\"2\" unused=\"0\" value=\"0\"/>"
+         "<DcDOType idtype=\"2\" type=\"Late\">"
+         "<DcDA name=\"Written\" type=\"INT16\" svalue=\"5\" flagAbility=\"0\"/>"
+         "<DcDA name=\"Hand\" type=\"INT16\" svalue=\"7\"/>"
+         "</DcDOType>"
+         "</DcTemplate>");
     DcDTTP* saved = pDcDTTP;
-    pDcDTTP = nullptr;
-    // The flow reads into pDcDTTP itself, so that the structured types see
-    // the basic types read before them.
-    FindAndRakeDTTPFromStr(xml.Document(), &pDcDTTP);
-    ASSERT_NE(pDcDTTP, nullptr);
+    ASSERT_NE(ReadTypes(text), nullptr);
     DcDOType* early = qobject_cast<DcDOType*>(pDcDTTP->FindType("Early"));
     ASSERT_NE(early, nullptr);
     ASSERT_EQ(early->Members.Count, 1);
@@ -103,17 +100,15 @@ TEST(Templates, StructuredMemberIsDroppedWhenItsBasicTypeComesLater) {
 }
 
 TEST_F(ModelTest, ValidVarStopsAtTheFirstInvalidStructure) {
-    XmlText xml("<DcTemplate>"
-                "<DcDAType type=\"INT16\"/><DcDAType type=\"INT32\"/>"
-                "<DcDOType type=\"A\"><DcDA name=\"v\" type=\"INT16\"/></DcDOType>"
-                "<DcDOType type=\"B\"><DcDA name=\"w\" type=\"INT32\"/></DcDOType>"
-                "<DcDOType type=\"C\"><DcDA name=\"x\" type=\"INT16\"/>"
-                "<DcDA name=\"y\" type=\"INT16\"/></DcDOType>"
-                "</DcTemplate>");
+    const char* text = ("<DcTemplate>"
+                        "<DcDAType type=\"INT16\"/><DcDAType type=\"INT32\"/>"
+                        "<DcDOType type=\"A\"><DcDA name=\"v\" type=\"INT16\"/></DcDOType>"
+                        "<DcDOType type=\"B\"><DcDA name=\"w\" type=\"INT32\"/></DcDOType>"
+                        "<DcDOType type=\"C\"><DcDA name=\"x\" type=\"INT16\"/>"
+                        "<DcDA name=\"y\" type=\"INT16\"/></DcDOType>"
+                        "</DcTemplate>");
     delete pDcDTTP;
-    pDcDTTP = nullptr;
-    FindAndRakeDTTPFromStr(xml.Document(), &pDcDTTP);
-    ASSERT_NE(pDcDTTP, nullptr);
+    ASSERT_NE(ReadTypes(text), nullptr);
     EXPECT_TRUE(pDcDTTP->ValidVar());
 
     // Take INT16 out of the set: A and C lose their basic type.

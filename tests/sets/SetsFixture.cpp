@@ -1,23 +1,5 @@
 #include "SetsFixture.h"
 
-#include "model/DcBaseTypes.h"
-
-namespace {
-
-// The type tables are prepared once per process, as the form does.
-class TypeTablesEnvironment : public ::testing::Environment {
-public:
-    void SetUp() override {
-        SortDATypes();
-        SecTypesAToUp();
-        SortSecondaryTypes();
-    }
-};
-
-const auto* const typeTables = ::testing::AddGlobalTestEnvironment(new TypeTablesEnvironment);
-
-} // namespace
-
 std::string SetTypes(bool withBitString5) {
     const char* const rows[][4] = {{"VISIBLE_STRING32", "32", "0", "Str"},
                                    {"UINT8", "1", "0", "0"},
@@ -35,36 +17,10 @@ std::string SetTypes(bool withBitString5) {
     return xml + "</DcTemplate>";
 }
 
-DcDTTP* ReadTypes(const std::string& xml) {
-    XmlText text(xml.c_str());
-    DcDTTP* types = nullptr;
-    FindAndRakeDTTPFromStr(text.Document(), &types);
-    return types;
-}
-
 void SetsTest::SetUp() {
     needemit = false;
-    pDcDTTP = ReadTypes(SetTypes());
-    vcc = new DcVCC();
-    vcc->name = "VCC_1";
-    pVCC = vcc;
-    icc = new DcLD(vcc);
-    icc->name = "ICC_1";
-    vcc->ICCs.AddObject(icc->name, icc, true);
-}
-
-void SetsTest::TearDown() {
-    needemit = false;
-    delete vcc;
-    pVCC = nullptr;
-    delete pDcDTTP;
-    pDcDTTP = nullptr;
-}
-
-DcDA* SetsTest::AddVar(StringList& vars, QObject* owner, const std::string& name) {
-    DcDA* variable = new DcDA(name, GetDcDAType("INT16"), owner);
-    vars.AddObject(name, variable, true);
-    return variable;
+    ReadTypes(SetTypes());
+    MakeModel();
 }
 
 DcDataSet* SetsTest::AddDataSet(StringList& sets, QObject* owner, const std::string& name) {

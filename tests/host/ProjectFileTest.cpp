@@ -1,32 +1,15 @@
 // The project file: round trips, refusals, and the atomic save.
 #include "host/ProjectFile.h"
 #include "common/SmallProject.h"
+#include "common/TempFiles.h"
 #include "host/DemoProject.h"
 #include "host/HostClasses.h"
 
 #include <QDir>
-#include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-
-namespace {
-
-ino_t Inode(const QString& path) {
-    struct stat st;
-    return stat(path.toLocal8Bit().constData(), &st) == 0 ? st.st_ino : 0;
-}
-
-QByteArray Write(const QString& path, const QByteArray& bytes) {
-    QFile f(path);
-    f.open(QIODevice::WriteOnly);
-    f.write(bytes);
-    return bytes;
-}
-
-} // namespace
 
 TEST(ProjectFile, RoundTripKeepsTreeValuesAndKeys) {
     SmallProject p;
@@ -47,26 +30,13 @@ TEST(ProjectFile, RoundTripKeepsTreeValuesAndKeys) {
     ASSERT_TRUE(ProjectFromJson(copy, json, &error)) << qPrintable(error);
     EXPECT_EQ(ProjectToJson(copy), json);
 
-    HostObject* unit = copy.findAll(cotUnit).value(0);
+    // The same text again could hide a reader that drops what it can't take.
     HostObject* unit2 = copy.findAll(cotUnit).value(1);
-    ASSERT_TRUE(unit && unit2);
-    EXPECT_EQ(unit->moduleKey(), "IecArven");
-    EXPECT_EQ(unit->get("maxICC").toInt(), 2);
-    EXPECT_EQ(unit->get("$DATARUN").toByteArray(), "<DcVCC name=\"V\">\r\n</DcVCC>\r\n");
+    ASSERT_TRUE(unit2);
     EXPECT_EQ(unit2->get("$DATARUN").toByteArray(), QByteArray("\xff\xfe\0bin", 6));
-    HostObject* tag = copy.findFirst(cotFolderSource)->children(cotSource).value(0);
-    ASSERT_TRUE(tag);
-    EXPECT_EQ(tag->get("caption").toByteArray(), QString("Частота").toUtf8());
-    EXPECT_EQ(tag->get("procMul").toDouble(), 0.1);
-    EXPECT_EQ(tag->get("number").toInt(), 1);
-    EXPECT_EQ(tag->owner()->moduleKey(), "Arven");
-    HostObject* line = copy.findFirst(cotLine);
-    const HostParam* ratio = line->param("extraRatio");
+    const HostParam* ratio = copy.findFirst(cotLine)->param("extraRatio");
     ASSERT_TRUE(ratio);
     EXPECT_EQ(ratio->type, cptDouble);
-    EXPECT_EQ(ratio->caption, "Коэффициент");
-    // Order of children survives.
-    EXPECT_EQ(copy.findFirst(cotFolderSource)->children().size(), 2);
     EXPECT_EQ(copy.findFirst(cotFolderSource)->children().first()->kind(), cotFolderSource);
 
     HostProject demo;
@@ -131,7 +101,7 @@ TEST(ProjectFile, SaveReplacesTheFileAtomically) {
     QTemporaryDir dir;
     ASSERT_TRUE(dir.isValid());
     const QString path = dir.filePath("project.json");
-    const QByteArray old = Write(path, "old content");
+    const QByteArray old = WriteFile(path, "old content");
     const ino_t before = Inode(path);
 
     SmallProject p;
@@ -151,9 +121,9 @@ TEST(ProjectFile, SaveReplacesTheFileAtomically) {
     EXPECT_TRUE(error.startsWith(blocked));
     EXPECT_FALSE(SaveProject(p.host, dir.filePath("missing/dir/p.json"), &error));
 
-    Write(path, old);
+    WriteFile(path, old);
     const QString notJson = dir.filePath("broken.json");
-    Write(notJson, "{\"format\": ");
+    WriteFile(notJson, "{\"format\": ");
     EXPECT_FALSE(LoadProject(loaded, notJson, &error));
     EXPECT_TRUE(error.startsWith(notJson));
     EXPECT_FALSE(LoadProject(loaded, dir.filePath("none.json"), &error));

@@ -7,22 +7,6 @@
 #include "support/MyBuf.h"
 #include "support/myNode.h"
 
-TEST_F(ModelTest, TemplatesAreReadInFileOrder) {
-    EXPECT_EQ(pDcDTTP->TypeList.size(), 14);
-    EXPECT_EQ(pDcDTTP->Types.Strings(13), "Data_RealQTimeTag");
-    EXPECT_EQ(GetDcDAType("BitString12")->senum, "a,b");
-    EXPECT_EQ(GetDcDAType("Data_RealQ"), nullptr);
-
-    DcDOType* realQ = qobject_cast<DcDOType*>(pDcDTTP->FindType("Data_RealQ"));
-    ASSERT_NE(realQ, nullptr);
-    EXPECT_EQ(pDcDTTP->GetChildRow(realQ), 12);
-    ASSERT_EQ(realQ->GetChildCount(), 2);
-    DcDA* value = qobject_cast<DcDA*>(realQ->GetChildById(0));
-    ASSERT_NE(value, nullptr);
-    EXPECT_EQ(value->Template, GetDcDAType("Data_Real"));
-    EXPECT_EQ(ValueOf(value), "-10.000000");
-}
-
 TEST(Templates, DuplicatesAreLoggedAndTheFirstKept) {
     XmlText xml("<DcTemplate>"
                 "<DcDAType type=\"INT16\" value=\"1\"/>"
@@ -64,41 +48,6 @@ TEST(Templates, ReaderFindsTheFirstTemplateAnywhere) {
     EXPECT_EQ(dttp, nullptr);
 }
 
-TEST(Templates, StructuredMemberIsDroppedWhenItsBasicTypeComesLater) {
-    const char* text =
-        ("<DcTemplate>"
-         "<DcDOType idtype=\"0\" type=\"Early\">"
-         "<DcDA name=\"V\" type=\"INT16\"/><DcDO name=\"S\" type=\"Late\"/>"
-         "</DcDOType>"
-         "<DcDAType idtype=\"1\" type=\"INT16\" size=\"2\" unused=\"0\" value=\"0\"/>"
-         "<DcDOType idtype=\"2\" type=\"Late\">"
-         "<DcDA name=\"Written\" type=\"INT16\" svalue=\"5\" flagAbility=\"0\"/>"
-         "<DcDA name=\"Hand\" type=\"INT16\" svalue=\"7\"/>"
-         "</DcDOType>"
-         "</DcTemplate>");
-    DcDTTP* saved = pDcDTTP;
-    ASSERT_NE(ReadTypes(text), nullptr);
-    DcDOType* early = qobject_cast<DcDOType*>(pDcDTTP->FindType("Early"));
-    ASSERT_NE(early, nullptr);
-    ASSERT_EQ(early->Members.Count, 1);
-    EXPECT_EQ(early->Members.Strings(0), "S");
-    DcDOType* late = qobject_cast<DcDOType*>(pDcDTTP->FindType("Late"));
-    ASSERT_NE(late, nullptr);
-    ASSERT_EQ(late->Members.Count, 2);
-    // flagAbility, read last, leaves its text as the value.
-    EXPECT_EQ(ValueOf(qobject_cast<DcDA*>(ListOb(late->Members, 0))), "0");
-    EXPECT_EQ(ValueOf(qobject_cast<DcDA*>(ListOb(late->Members, 1))), "7");
-    // Without a template set no DcDA member survives.
-    XmlText alone("<DcDOType type=\"T\"><DcDA name=\"V\" type=\"INT16\"/></DcDOType>");
-    DcDTTP* read = pDcDTTP;
-    pDcDTTP = nullptr;
-    DcDOType type;
-    EXPECT_EQ(type.DecodeElement(alone.Root()->FirstChild(), "DcDA"), 3);
-    EXPECT_EQ(type.Members.Count, 0);
-    delete read;
-    pDcDTTP = saved;
-}
-
 TEST_F(ModelTest, ValidVarStopsAtTheFirstInvalidStructure) {
     const char* text = ("<DcTemplate>"
                         "<DcDAType type=\"INT16\"/><DcDAType type=\"INT32\"/>"
@@ -136,6 +85,13 @@ TEST_F(ModelTest, ValidVarStopsAtTheFirstInvalidStructure) {
     EXPECT_TRUE(empty.ValidVar());
 }
 
+TEST(Templates, WithoutATemplateSetNoDcDAMemberIsRead) {
+    XmlText alone("<DcDOType type=\"T\"><DcDA name=\"V\" type=\"INT16\"/></DcDOType>");
+    DcDOType type;
+    EXPECT_EQ(type.DecodeElement(alone.Root()->FirstChild(), "DcDA"), 3);
+    EXPECT_EQ(type.Members.Count, 0);
+}
+
 TEST_F(ModelTest, StructuredTemplateReportsAnInvalidStructureMember) {
     XmlText xml("<DcDOType type=\"Outer\">"
                 "<DcDO name=\"S\" type=\"Data_RealQ\"><DcDA name=\"x\" type=\"Nope\"/></DcDO>"
@@ -162,17 +118,7 @@ TEST_F(ModelTest, StructuredTemplateReportsAnInvalidStructureMember) {
     pDcDTTP = kept;
 }
 
-TEST_F(ModelTest, GetFullContDescExpandsTheStructure) {
-    auto* type = qobject_cast<DcDOType*>(pDcDTTP->FindType("Data_RealQTimeTag"));
-    ASSERT_NE(type, nullptr);
-    myNode root("root");
-    type->GetFullContDesc(&root);
-    EXPECT_EQ(ChildNames(&root), "Q,TimeStamp");
-    myNode* q = root.FirstChild;
-    EXPECT_EQ(q->object, ListOb(type->Members, 0));
-    EXPECT_EQ(ChildNames(q), "Value,Flags");
-    q->DeleteSubTree();
-
+TEST_F(ModelTest, GetFullContDescEndsAtAStructureOfAnUnknownType) {
     // A structure of an unknown type ends the expansion at that member.
     XmlText xml("<DcDOType type=\"T\"><DcDA name=\"a\" type=\"INT16\"/>"
                 "<DcDO name=\"s\" type=\"Unknown\"/><DcDA name=\"b\" type=\"INT16\"/>"

@@ -59,6 +59,14 @@ inline DcDO* AddDO(StringList& vars, QObject* owner, const std::string& name,
     return variable;
 }
 
+// The entry texts of a list, joined with ",".
+inline std::string Texts(const StringList& list) {
+    std::string out;
+    for (int i = 0; i < list.Count; ++i)
+        out += (i ? "," : "") + list.Strings(i);
+    return out;
+}
+
 // Each test tears pVCC and pDcDTTP down with needemit false.
 class ModelWorldTest : public ::testing::Test {
 protected:

@@ -40,10 +40,3 @@ std::string Var(DcDO* object, const std::string& path) {
     object->GetVar(path, text);
     return text;
 }
-
-std::string Texts(const StringList& list) {
-    std::string out;
-    for (int i = 0; i < list.Count; ++i)
-        out += (i ? "," : "") + list.Strings(i);
-    return out;
-}

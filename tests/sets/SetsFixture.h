@@ -23,5 +23,3 @@ protected:
 
 // The value of a member by path, empty when the path fails.
 std::string Var(DcDO* object, const std::string& path);
-// The entry texts of a list, joined with ",".
-std::string Texts(const StringList& list);

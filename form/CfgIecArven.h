@@ -272,6 +272,9 @@ public slots:
     // A data set, a transfer set or the Next_DSTransfer_Set object, of the
     // class, name and place picked in the object choice dialog; no control.
     void OnAddOb();
+    // A command variable, with its SBO twin, added to the ICC of the current
+    // tree row.
+    void OnAcmd();
 
 protected:
     bool event(QEvent* e) override;

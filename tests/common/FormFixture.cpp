@@ -100,3 +100,10 @@ QByteArray SplitLines(const QByteArray& text) {
     }
     return lines.join('\n');
 }
+
+QStringList FormTest::BoxTexts() const {
+    QStringList texts;
+    for (const RecordedBox& box : boxes.boxes())
+        texts << box.title + "|" + box.text;
+    return texts;
+}

@@ -37,6 +37,8 @@ protected:
     // A file of the current directory with that content; its path.
     QString WriteFile(const QString& name, const QByteArray& content) const;
     QString IniPath() const;
+    // Texts of the recorded boxes, "title|text".
+    QStringList BoxTexts() const;
 
     SmallProject p;
     MessageBoxRecorder boxes;

@@ -1,6 +1,7 @@
 // Folders and tags made in the host, the folder command, and the deletes of
 // the tag view with the variables they take along.
 #include "TagsFixture.h"
+#include "common/ModelLookup.h"
 
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
@@ -106,76 +107,64 @@ TEST_F(TagsTest, CreateFolderCommand) {
                                        "Сообщение|Отсутствует базовая папка"}));
 }
 
-TEST_F(TagsTest, DeleteKeyTakesTagsWithTheirVariables) {
+TEST_F(TagsTest, DeletesTakeTagsWithTheirVariables) {
     HostObject* freeTag = p.addTag(p.subFolder, cotSource, "Spare", 4, 0, 0, "Без переменной");
     HostObject* inner = p.host.create(p.subFolder, cotFolderSource, 0, "IecOrmelcli");
     HostObject* deep = p.addTag(inner, cotSource, "Deep", 4, 1, 0, "Глубоко");
     OpenForm(p.unit, [&](CfgArvenSR* form) {
-        auto real = MakeVar(form, p.tagReal);
-        auto state = MakeVar(form, p.tagState);
-        ASSERT_TRUE(real && state && MakeVar(form, deep));
-        auto icc = qobject_cast<DcLD*>(ListOb(pVCC->ICCs, 0));
-        auto dataSet = qobject_cast<DcDataSet*>(ListOb(icc->DataSets, 0));
-        const std::string stateKey =
-            "ICC_1/Q1_" + std::to_string(p.tagState->get("number").toInt());
-        ASSERT_GE(dataSet->Elems.IndexOf(stateKey), 0);
+        DcICCPBase* real = MakeVar(form, p.tagReal);
+        DcICCPBase* state = MakeVar(form, p.tagState);
+        DcICCPBase* deepVar = MakeVar(form, deep);
+        ASSERT_TRUE(real && state && deepVar);
+        const QString realName = QString::fromStdString(real->name);
+        const QString stateName = QString::fromStdString(state->name);
+        const QString deepName = QString::fromStdString(deepVar->name);
+        StringList& members = DataSetOf(ICC(1)->DataSets, 1)->Elems;
+        const std::string stateKey = "ICC_1/" + state->name;
+        ASSERT_GE(members.IndexOf(stateKey), 0);
         ShowTags(form, 0, p.folder[0]);
 
-        // Rows of two folders are refused as a whole.
+        // The Delete key: rows of two folders are refused as a whole.
         SelectTags(form, {p.tagReal, p.tagState});
         FocusTags(form);
         QKeyEvent del(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
         QApplication::sendEvent(form->tVTags, &del);
         EXPECT_EQ(HostObject::fromHandle(p.tagReal), p.tagReal);
-        EXPECT_TRUE(VarRow(form, QString::fromStdString(real->name)).isValid());
+        EXPECT_TRUE(VarRow(form, realName).isValid());
 
-        // A folder loses its tags and their variables, and stays; a tag
-        // without a variable stays too.
-        ShowTags(form, 0, p.folder[0]);
-        SelectTags(form, {p.subFolder});
-        QKeyEvent cut(QEvent::KeyPress, Qt::Key_X, Qt::ControlModifier);
-        QApplication::sendEvent(form->tVTags, &cut);
-        EXPECT_LT(dataSet->Elems.IndexOf(stateKey), 0);
-        EXPECT_FALSE(VarRow(form, QString::fromStdString(state->name)).isValid());
-        EXPECT_LT(icc->Vars.IndexOf(state->name), 0);
-
-        SelectTags(form, {p.tagReal});
-        form->DeleteFromtVTags();
-        EXPECT_FALSE(VarRow(form, QString::fromStdString(real->name)).isValid());
-        EXPECT_LT(pVCC->Vars.IndexOf(real->name), 0);
-    });
-    EXPECT_EQ(BoxTexts(), QStringList({"|Разные родители у выбранных компонентов"}));
-    EXPECT_EQ(HostObject::fromHandle(p.tagReal), nullptr);
-    EXPECT_EQ(HostObject::fromHandle(p.tagState), nullptr);
-    EXPECT_EQ(HostObject::fromHandle(deep), nullptr);
-    EXPECT_EQ(HostObject::fromHandle(freeTag), freeTag);
-    EXPECT_EQ(HostObject::fromHandle(p.subFolder), p.subFolder);
-    EXPECT_EQ(HostObject::fromHandle(inner), inner);
-}
-
-TEST_F(TagsTest, DeleteCommandAsksThenDeletesFolderAndVariables) {
-    HostObject* inner = p.host.create(p.subFolder, cotFolderSource, 0, "IecOrmelcli");
-    HostObject* deep = p.addTag(inner, cotSource, "Deep", 4, 1, 0, "Глубоко");
-    OpenForm(p.unit, [&](CfgArvenSR* form) {
-        DcICCPBase* state = MakeVar(form, p.tagState);
-        DcICCPBase* deepVar = MakeVar(form, deep);
-        ASSERT_TRUE(state && deepVar);
-        const QString stateName = QString::fromStdString(state->name);
-        const QString deepName = QString::fromStdString(deepVar->name);
-        ShowTags(form, 0, p.folder[0]);
-        SelectTags(form, {p.subFolder});
+        // The delete command asks first, then takes the folder with its
+        // tags and their variables.
+        SelectTags(form, {inner});
         FocusTags(form);
         boxes.answerNext(QMessageBox::Cancel);
         form->OnDelOb();
-        EXPECT_TRUE(VarRow(form, stateName).isValid());
+        EXPECT_TRUE(VarRow(form, deepName).isValid());
         boxes.answerNext(QMessageBox::Ok);
         FocusTags(form);
         form->OnDelOb();
-        EXPECT_FALSE(VarRow(form, stateName).isValid());
         EXPECT_FALSE(VarRow(form, deepName).isValid());
+
+        // Control+X on a folder: its tags go with their variables and data
+        // set entries; the folder stays, and so does a tag without a variable.
+        ShowTags(form, 0, p.folder[0]);
+        SelectTags(form, {p.subFolder});
+        FocusTags(form);
+        QKeyEvent cut(QEvent::KeyPress, Qt::Key_X, Qt::ControlModifier);
+        QApplication::sendEvent(form->tVTags, &cut);
+        EXPECT_LT(members.IndexOf(stateKey), 0);
+        EXPECT_FALSE(VarRow(form, stateName).isValid());
+        EXPECT_LT(ICC(1)->Vars.IndexOf(state->name), 0);
+
+        SelectTags(form, {p.tagReal});
+        form->DeleteFromtVTags();
+        EXPECT_FALSE(VarRow(form, realName).isValid());
+        EXPECT_LT(pVCC->Vars.IndexOf(real->name), 0);
     });
-    ASSERT_EQ(boxes.count(), 2);
-    EXPECT_EQ(BoxTexts().first(), "Предупреждение|Удаление  1 элементов ");
-    EXPECT_EQ(HostObject::fromHandle(p.subFolder), nullptr);
-    EXPECT_EQ(HostObject::fromHandle(p.tagReal), p.tagReal);
+    EXPECT_EQ(BoxTexts(), QStringList({"|Разные родители у выбранных компонентов",
+                                       "Предупреждение|Удаление  1 элементов ",
+                                       "Предупреждение|Удаление  1 элементов "}));
+    for (HostObject* gone : {p.tagReal, p.tagState, deep, inner})
+        EXPECT_EQ(HostObject::fromHandle(gone), nullptr);
+    EXPECT_EQ(HostObject::fromHandle(freeTag), freeTag);
+    EXPECT_EQ(HostObject::fromHandle(p.subFolder), p.subFolder);
 }

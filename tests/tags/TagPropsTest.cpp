@@ -2,6 +2,7 @@
 // that no menu reaches: a tag for the selected variable, deleting one tag in
 // the host only, and freeing a bound key.
 #include "TagsFixture.h"
+#include "common/ModelLookup.h"
 
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
@@ -12,18 +13,6 @@
 
 namespace {
 
-DcLD* ICC(int number) {
-    return qobject_cast<DcLD*>(ListOb(pVCC->ICCs, number - 1));
-}
-
-DcDataSet* Set(DcLD* icc, int number) {
-    return qobject_cast<DcDataSet*>(ListOb(icc->DataSets, number - 1));
-}
-
-DcICCPBase* Var(DcLD* icc, const std::string& name) {
-    return ListOb(icc->Vars, icc->Vars.IndexOf(name));
-}
-
 bool HasMember(DcDataSet* set, const std::string& key) {
     return set->Elems.IndexOf(key) >= 0;
 }
@@ -31,10 +20,7 @@ bool HasMember(DcDataSet* set, const std::string& key) {
 // The texts of the rows under the "Переменные" row of an ICC.
 QStringList VarRows(CfgArvenSR* form, DcLD* icc) {
     IEDTreeModel* model = form->pTreeIedModel;
-    const QModelIndex iccRow = model
-                                   ->match(model->index(0, 0), Qt::UserRole,
-                                           QVariant::fromValue<void*>(icc), 1, Qt::MatchRecursive)
-                                   .value(0);
+    const QModelIndex iccRow = RowOf(*model, icc);
     QStringList texts;
     for (int r = 0; r < model->rowCount(iccRow); ++r) {
         const QModelIndex folder = model->index(r, 0, iccRow);
@@ -51,23 +37,23 @@ QStringList VarRows(CfgArvenSR* form, DcLD* icc) {
 TEST_F(TagsTest, PropertyEditsMoveAndRebuildTheVariable) {
     const std::string name = "Q1_" + std::to_string(p.tagState->get("number").toInt());
     OpenForm(p.unit, [&](CfgArvenSR* form) {
-        ASSERT_NE(Var(ICC(1), name), nullptr);
-        ASSERT_TRUE(HasMember(Set(ICC(1), 1), "ICC_1/" + name));
+        ASSERT_NE(Var(ICC(1)->Vars, name), nullptr);
+        ASSERT_TRUE(HasMember(DataSetOf(ICC(1)->DataSets, 1), "ICC_1/" + name));
         const QString qname = QString::fromStdString(name);
 
         // Another owner: the variable is made anew in ICC_2 and its data set
         // of the tag's number, and leaves ICC_1 with its membership.
         EditProp(form, p.tagState, "domain", "2", "1");
-        EXPECT_EQ(Var(ICC(1), name), nullptr);
-        EXPECT_FALSE(HasMember(Set(ICC(1), 1), "ICC_1/" + name));
+        EXPECT_EQ(Var(ICC(1)->Vars, name), nullptr);
+        EXPECT_FALSE(HasMember(DataSetOf(ICC(1)->DataSets, 1), "ICC_1/" + name));
         EXPECT_FALSE(VarRows(form, ICC(1)).contains(qname));
-        DcICCPBase* moved = Var(ICC(2), name);
+        DcICCPBase* moved = Var(ICC(2)->Vars, name);
         ASSERT_NE(moved, nullptr);
         EXPECT_EQ(moved->ClassName(), "DcDA");
         EXPECT_EQ(moved->BoundTag, p.tagState->handle());
         EXPECT_EQ(moved->desc, "Выключатель Q1");
         EXPECT_EQ(VarRows(form, ICC(2)).last(), qname);
-        EXPECT_TRUE(HasMember(Set(ICC(2), 1), "ICC_2/" + name));
+        EXPECT_TRUE(HasMember(DataSetOf(ICC(2)->DataSets, 1), "ICC_2/" + name));
         EXPECT_TRUE(form->tVIed->isEnabled());
 
         // Another data set of the same owner; the shown set's content
@@ -76,17 +62,17 @@ TEST_F(TagsTest, PropertyEditsMoveAndRebuildTheVariable) {
             if (form->lWInfo->item(row)->text() == "ICC_2/DataSet_3")
                 form->lWInfo->setCurrentRow(row);
         EditProp(form, p.tagState, "isinDataSet", "3", "1");
-        EXPECT_FALSE(HasMember(Set(ICC(2), 1), "ICC_2/" + name));
-        EXPECT_TRUE(HasMember(Set(ICC(2), 3), "ICC_2/" + name));
+        EXPECT_FALSE(HasMember(DataSetOf(ICC(2)->DataSets, 1), "ICC_2/" + name));
+        EXPECT_TRUE(HasMember(DataSetOf(ICC(2)->DataSets, 3), "ICC_2/" + name));
         EXPECT_EQ(form->lWInfo_2->item(0)->text(), "ICC_2/" + qname);
 
         // Another type: a structure of the same name in the same place, and
         // the data set entry now points at it.
         EditProp(form, p.tagState, "tag_type", "28", "19");
-        DcICCPBase* rebuilt = Var(ICC(2), name);
+        DcICCPBase* rebuilt = Var(ICC(2)->Vars, name);
         ASSERT_NE(rebuilt, nullptr);
         EXPECT_EQ(rebuilt->ClassName(), "DcDO");
-        StringList& members = Set(ICC(2), 3)->Elems;
+        StringList& members = DataSetOf(ICC(2)->DataSets, 3)->Elems;
         EXPECT_EQ(members.Objects(members.IndexOf("ICC_2/" + name)), rebuilt);
         EXPECT_EQ(VarRows(form, ICC(2)).count(qname), 1);
 
@@ -94,7 +80,7 @@ TEST_F(TagsTest, PropertyEditsMoveAndRebuildTheVariable) {
         // by its values but applied by its keys.
         EditProp(form, p.tagState, "domain", "2", "2");
         EditProp(form, p.tagState, "isinDataSet", "x", "3");
-        EXPECT_EQ(Var(ICC(2), name), rebuilt);
+        EXPECT_EQ(Var(ICC(2)->Vars, name), rebuilt);
         p.tagState->set("domain", 1);
         CpropNode node;
         node.enumList << "0=VCC"
@@ -103,8 +89,8 @@ TEST_F(TagsTest, PropertyEditsMoveAndRebuildTheVariable) {
         node.value = "ICC_1";
         QByteArray key("domain");
         form->UpdPropTagUnit(&node, "ICC_2", p.tagState, key.data());
-        EXPECT_EQ(Var(ICC(2), name), nullptr);
-        EXPECT_NE(Var(ICC(1), name), nullptr);
+        EXPECT_EQ(Var(ICC(2)->Vars, name), nullptr);
+        EXPECT_NE(Var(ICC(1)->Vars, name), nullptr);
     });
     EXPECT_EQ(boxes.count(), 0);
 }

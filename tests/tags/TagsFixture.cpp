@@ -76,13 +76,6 @@ void TagsTest::AnswerInput(const QString& text) {
     });
 }
 
-QStringList TagsTest::BoxTexts() const {
-    QStringList texts;
-    for (const RecordedBox& box : boxes.boxes())
-        texts << box.title + "|" + box.text;
-    return texts;
-}
-
 void TagsTest::EditProp(CfgArvenSR* form, HostObject* ob, const char* key, const QString& value,
                         const QString& old) {
     ob->set(key, value);

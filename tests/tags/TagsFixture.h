@@ -27,8 +27,6 @@ protected:
     // The property tree's edit of a parameter of ob from old to value.
     void EditProp(CfgArvenSR* form, HostObject* ob, const char* key, const QString& value,
                   const QString& old);
-    // Texts of the recorded boxes, "title|text".
-    QStringList BoxTexts() const;
 
     QStringList inputTitles;
 };

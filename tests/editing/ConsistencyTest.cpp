@@ -2,6 +2,7 @@
 // the limits, the data set members cleared, the tags collected, and the
 // additions that make a container only when it is absent.
 #include "common/FormFixture.h"
+#include "common/ItemTexts.h"
 
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
@@ -9,13 +10,6 @@
 #include "views/SomeModelsIED.h"
 
 namespace {
-
-QStringList ChildTexts(const QAbstractItemModel* model, const QModelIndex& parent) {
-    QStringList out;
-    for (int row = 0; row < model->rowCount(parent); ++row)
-        out << model->index(row, 0, parent).data().toString();
-    return out;
-}
 
 // The row of ICC number n under the ICC folder of the VCC.
 QModelIndex ICCRow(const QAbstractItemModel* tree, int n) {
@@ -26,14 +20,6 @@ QModelIndex ICCRow(const QAbstractItemModel* tree, int n) {
 
 using ConsistencyPass = FormTest;
 
-TEST_F(ConsistencyPass, LimitsOneAndOneLeaveTheTemplate) {
-    OpenForm(p.unit2);
-    EXPECT_EQ(Datarun(p.unit2).toStdString(), Golden("datarun_templ.txt"));
-    EXPECT_EQ(p.unit2->get("maxICC").toInt(), 1);
-    EXPECT_EQ(p.unit2->get("maxDS").toInt(), 1);
-    EXPECT_EQ(boxes.count(), 0);
-}
-
 TEST_F(ConsistencyPass, ThreeICCsOfTwoDataSets) {
     p.unit2->set("maxICC", 3);
     p.unit2->set("maxDS", 2);
@@ -41,16 +27,16 @@ TEST_F(ConsistencyPass, ThreeICCsOfTwoDataSets) {
         QAbstractItemModel* tree = f->tVIed->model();
         ASSERT_EQ(tree, f->pTreeIedModel);
         const QModelIndex icc1 = ICCRow(tree, 1);
-        EXPECT_EQ(ChildTexts(tree, tree->index(1, 0, icc1)), QStringList({"TrSet_1", "TrSet_2"}));
-        EXPECT_EQ(ChildTexts(tree, tree->index(2, 0, icc1)),
+        EXPECT_EQ(ChildTexts(*tree, tree->index(1, 0, icc1)), QStringList({"TrSet_1", "TrSet_2"}));
+        EXPECT_EQ(ChildTexts(*tree, tree->index(2, 0, icc1)),
                   QStringList({"DataSet_1", "DataSet_2"}));
         for (int n : {2, 3}) {
             const QModelIndex icc = ICCRow(tree, n);
             EXPECT_EQ(icc.data().toString(), QString("ICC_%1").arg(n));
-            EXPECT_EQ(ChildTexts(tree, icc),
+            EXPECT_EQ(ChildTexts(*tree, icc),
                       QStringList({"Next_DSTransfer_Set", "Transfer_Sets",
                                    "Наборы данных (DataSet)", "Переменные"}));
-            EXPECT_EQ(ChildTexts(tree, tree->index(2, 0, icc)),
+            EXPECT_EQ(ChildTexts(*tree, tree->index(2, 0, icc)),
                       QStringList({"DataSet_1", "DataSet_2"}));
         }
         // A data set list row for every set, the VCC's first.
@@ -71,7 +57,7 @@ TEST_F(ConsistencyPass, ThreeICCsOfTwoDataSets) {
         EXPECT_EQ(f->CheckAndSetTrans(pVCC, "TrSet_9"), -2);
         EXPECT_EQ(f->CheckAndSetTrans(icc1Ob, "TrSet_1"), -1);
         EXPECT_EQ(f->CheckAndSetTrans(icc1Ob, "TrSet_9"), 0);
-        EXPECT_EQ(ChildTexts(tree, tree->index(1, 0, icc1)).last(), "TrSet_9");
+        EXPECT_EQ(ChildTexts(*tree, tree->index(1, 0, icc1)).last(), "TrSet_9");
         EXPECT_EQ(f->CheckAndSetNextTrans(pVCC), -2);
         EXPECT_EQ(f->CheckAndSetNextTrans(icc1Ob), 0);
         EXPECT_EQ(icc1Ob->NextSets.Count, 1);
@@ -90,20 +76,6 @@ TEST_F(ConsistencyPass, NoICCLimitKeepsTheTemplateICC) {
     OpenForm(p.unit2, [](CfgArvenSR* f) {
         EXPECT_EQ(pVCC->ICCs.Count, 1);
         EXPECT_EQ(f->pTreeIedModel->rowCount(ICCRow(f->pTreeIedModel, 1).parent()), 1);
-    });
-}
-
-TEST_F(ConsistencyPass, EverySecondForeignMemberSurvives) {
-    OpenForm(p.unit2, [](CfgArvenSR* f) {
-        auto set = static_cast<DcDataSet*>(pVCC->DataSets.Objects(0));
-        set->Elems.Clear();
-        for (const char* name : {"Var_1", "Var_2", "Var_3", "Event_Code_Detected", "A", "B"})
-            set->Elems.AddString(name);
-        f->ClearDS();
-        ASSERT_EQ(set->Elems.Count, 3);
-        EXPECT_EQ(set->Elems.Strings(0), "Var_2");
-        EXPECT_EQ(set->Elems.Strings(1), "Event_Code_Detected");
-        EXPECT_EQ(set->Elems.Strings(2), "B");
     });
 }
 

@@ -1,6 +1,7 @@
 // The limits of the unit as they reach the open form, and the twin's row
 // value of a tag.
 #include "common/FormFixture.h"
+#include "common/ModelLookup.h"
 
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
@@ -26,9 +27,8 @@ TEST_F(Limits, MaxICCOnlyGrows) {
         EXPECT_FALSE(f->ChangemaxICC(2, 3));
         EXPECT_FALSE(f->ChangemaxICC(1, 0));
         EXPECT_EQ(ICCdata.maxICC, 3);
-        ASSERT_EQ(boxes.count(), 2);
-        EXPECT_EQ(boxes.boxes()[0].title, "информация");
-        EXPECT_EQ(boxes.boxes()[0].text, "Следует операцию выполить на основной форме");
+        const QString refused = "информация|Следует операцию выполить на основной форме";
+        EXPECT_EQ(BoxTexts(), QStringList({refused, refused}));
     });
 }
 
@@ -37,7 +37,7 @@ TEST_F(Limits, MaxDSTakesAnyValue) {
     OpenForm(p.unit2, [](CfgArvenSR* f) {
         EXPECT_TRUE(f->ChangemaxDS(1, 4));
         EXPECT_EQ(ICCdata.maxDS, 1);
-        EXPECT_EQ(static_cast<DcLD*>(pVCC->ICCs.Objects(0))->DataSets.Count, 4);
+        EXPECT_EQ(ICC(1)->DataSets.Count, 4);
     });
 }
 

@@ -29,19 +29,7 @@ protected:
 };
 
 // The tree that the patched slots answer with.
-struct WrongAnswers {
-    void* base;
-    void* s1;
-    void* s2;
-    void* t2;
-    WrongAnswers& operator=(const TagTree& tree) {
-        base = tree.base;
-        s1 = tree.s1;
-        s2 = tree.s2;
-        t2 = tree.t2;
-        return *this;
-    }
-} wrong;
+const TagTree* wrong = nullptr;
 
 } // namespace
 
@@ -95,15 +83,15 @@ TEST_F(BadHost, ChildrenOfTheWrongKindOrLoopingBack) {
     // first tag is the base, and every child list starts with a tag and
     // holds a null.
     PatchedHost patched;
-    wrong = tree;
+    wrong = &tree;
     patched.patch(
         slotObChild, +[](void* ob, int kind, int i) -> void* {
-            if (ob == wrong.base && kind == cotSource && i == 0)
-                return wrong.s2;
-            if (ob == wrong.s1 && kind == cotFolderSource && i == 0)
-                return wrong.s1;
-            if (ob == wrong.s2 && kind == cotSource && i == 0)
-                return wrong.base;
+            if (ob == wrong->base && kind == cotSource && i == 0)
+                return wrong->s2;
+            if (ob == wrong->s1 && kind == cotFolderSource && i == 0)
+                return wrong->s1;
+            if (ob == wrong->s2 && kind == cotSource && i == 0)
+                return wrong->base;
             return PatchedHost::original<TcfgObChild>(slotObChild)(ob, kind, i);
         });
     patched.patch(
@@ -113,7 +101,7 @@ TEST_F(BadHost, ChildrenOfTheWrongKindOrLoopingBack) {
             if (stored > 1)
                 list[1] = nullptr;
             if (stored > 0)
-                list[0] = wrong.t2;
+                list[0] = wrong->t2;
             return stored;
         });
     const QModelIndex s1 = model.index(0, 0);
@@ -132,11 +120,7 @@ TEST_F(BadHost, ChildrenOfTheWrongKindOrLoopingBack) {
     EXPECT_EQ(find(tree.a1).size(), 1);
     EXPECT_EQ(find(tree.s2).size(), 2);
     EXPECT_TRUE(find(tree.b1).isEmpty());
-    QTreeView view;
-    view.setModel(&model);
-    view.show();
-    view.expandAll();
-    view.grab();
+    show();
 }
 
 TEST_F(BadHost, CountsThatDontMatchTheLists) {

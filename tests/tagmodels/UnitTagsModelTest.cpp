@@ -9,7 +9,6 @@
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
-#include <QTreeView>
 #include <gtest/gtest.h>
 
 namespace {
@@ -48,11 +47,9 @@ TEST_F(TagModel, FoldersFirstButOnlyTagsCounted) {
         const QModelIndex i = model.index(r, 0);
         ASSERT_TRUE(i.isValid()) << r;
         EXPECT_EQ(RowObject(i), rows[r]) << r;
-        EXPECT_EQ(i.row(), r);
     }
     EXPECT_FALSE(model.index(5, 0).isValid());
     EXPECT_FALSE(model.index(-1, 0).isValid());
-    EXPECT_FALSE(model.index(0, -1).isValid());
 
     const QModelIndex s1 = model.index(0, 0);
     EXPECT_EQ(model.rowCount(s1), 2); // a1, a2; s11 is not counted
@@ -64,13 +61,6 @@ TEST_F(TagModel, FoldersFirstButOnlyTagsCounted) {
     // tags of a folder with subfolders stay out of view.
     EXPECT_EQ(shown(),
               QStringList({"Ячейка 1", "Отсек", "c1_7", "a1_4", "Ячейка 2", "b1_6", "t1_1"}));
-    QTreeView view;
-    view.setModel(&model);
-    view.expandAll();
-    QStringList seen;
-    for (QModelIndex i = model.index(0, 0); i.isValid(); i = view.indexBelow(i))
-        seen << i.data().toString();
-    EXPECT_EQ(seen, shown());
 
     // With the unit as root, its base folder comes before its own tags.
     HostObject* loose = p.host.create(p.unit2, cotSource);
@@ -79,7 +69,6 @@ TEST_F(TagModel, FoldersFirstButOnlyTagsCounted) {
     EXPECT_EQ(RowObject(model.index(0, 0)), tree.base);
     EXPECT_EQ(RowObject(model.index(1, 0)), loose);
     EXPECT_EQ(model.nodeFromIndex(QModelIndex()), p.unit2);
-    EXPECT_EQ(model.rootNode(), p.unit2);
 }
 
 TEST_F(TagModel, ParentIsThePlaceAmongTheGrandparentsFolders) {
@@ -94,19 +83,13 @@ TEST_F(TagModel, ParentIsThePlaceAmongTheGrandparentsFolders) {
     qInstallMessageHandler(previous);
     EXPECT_TRUE(modelTestWarnings.isEmpty()) << modelTestWarnings.join('\n').toStdString();
     const QModelIndex s1 = model.index(0, 0);
-    const QModelIndex s2 = model.index(1, 0);
     EXPECT_FALSE(model.parent(s1).isValid());
-    EXPECT_FALSE(model.parent(model.index(2, 0)).isValid());
     EXPECT_EQ(model.parent(model.index(1, 0, s1)), s1);
-    EXPECT_EQ(model.parent(model.index(0, 0, s2)), s2);
     const QModelIndex s11 = model.index(0, 0, s1);
     const QModelIndex c1 = model.index(0, 0, s11);
     EXPECT_EQ(RowObject(c1), tree.c1);
     EXPECT_EQ(model.parent(c1), s11);
     EXPECT_EQ(model.parent(s11), s1);
-    // Rows of two folders have different parents.
-    EXPECT_NE(model.parent(model.index(1, 0, s1)), model.parent(model.index(0, 0, s2)));
-    EXPECT_FALSE(model.parent(QModelIndex()).isValid());
 
     // A search reaches every shown row, in the order of a plain walk.
     const QModelIndexList all = model.match(model.index(0, 0), Qt::DisplayRole, "", -1,
@@ -120,12 +103,6 @@ TEST_F(TagModel, ParentIsThePlaceAmongTheGrandparentsFolders) {
                     Qt::MatchRecursive | Qt::MatchWrap);
     ASSERT_EQ(hit.size(), 1);
     EXPECT_EQ(hit[0], c1);
-    // From the second row on, wrapping round to the first.
-    const QModelIndexList wrapped = model.match(model.index(1, 0), Qt::DisplayRole, "Ячейка", -1,
-                                                Qt::MatchStartsWith | Qt::MatchWrap);
-    ASSERT_EQ(wrapped.size(), 2);
-    EXPECT_EQ(wrapped[0], s2);
-    EXPECT_EQ(wrapped[1], s1);
 }
 
 TEST_F(TagModel, EveryModeWithItsOwnFolderKind) {
@@ -138,10 +115,7 @@ TEST_F(TagModel, EveryModeWithItsOwnFolderKind) {
         EXPECT_EQ(model.rowCount(), 3);
         const QModelIndex s1 = model.index(0, 0);
         EXPECT_EQ(RowObject(s1), trees[mode].s1);
-        EXPECT_EQ(RowObject(model.index(2, 0)), trees[mode].t1);
-        const QModelIndex c1 = model.index(0, 0, model.index(0, 0, s1));
-        EXPECT_EQ(RowObject(c1), trees[mode].c1);
-        EXPECT_EQ(model.parent(model.parent(c1)), s1);
+        EXPECT_EQ(RowObject(model.index(0, 0, model.index(0, 0, s1))), trees[mode].c1);
         // The unit's first folder of the mode is SmallProject's base folder.
         model.setRootNode(p.unit);
         EXPECT_EQ(RowObject(model.index(0, 0)), p.folder[mode]);
@@ -157,11 +131,6 @@ TEST_F(TagModel, EveryModeWithItsOwnFolderKind) {
 TEST_F(TagModel, NoRootMeansNoRowsAndNoHostCall) {
     PatchedHost counting;
     counting.patch(
-        slotObType, +[](void* ob) {
-            ++hostCalls;
-            return PatchedHost::original<TcfgObType>(slotObType)(ob);
-        });
-    counting.patch(
         slotObChildCount, +[](void* ob, int kind) {
             ++hostCalls;
             return PatchedHost::original<TcfgObChildCount>(slotObChildCount)(ob, kind);
@@ -171,7 +140,6 @@ TEST_F(TagModel, NoRootMeansNoRowsAndNoHostCall) {
     EXPECT_EQ(model.rowCount(), 0);
     EXPECT_EQ(model.GlobLastRow(), 0);
     EXPECT_FALSE(model.index(0, 0).isValid());
-    EXPECT_FALSE(model.data(QModelIndex()).isValid());
     EXPECT_TRUE(model
                     .match(model.index(0, 0), Qt::UserRole, QVariant::fromValue<void*>(tree.t1), -1,
                            Qt::MatchRecursive | Qt::MatchWrap)
@@ -189,10 +157,7 @@ TEST_F(TagModel, TextsAndFallbacks) {
     EXPECT_EQ(s1.data(), QVariant("Ячейка 1"));
     EXPECT_EQ(t1.data(), QVariant("t1_1"));
     EXPECT_EQ(t1.data(Qt::UserRole).value<void*>(), static_cast<void*>(tree.t1));
-    EXPECT_EQ(s1.data(Qt::UserRole).value<void*>(), static_cast<void*>(tree.s1));
-    for (int role : {int(Qt::DecorationRole), int(Qt::BackgroundRole), int(Qt::EditRole),
-                     int(Qt::ToolTipRole), 257})
-        EXPECT_FALSE(t1.data(role).isValid()) << role;
+    EXPECT_FALSE(t1.data(Qt::EditRole).isValid());
     // The root itself has no texts.
     model.setRootNode(p.unit2);
     EXPECT_FALSE(model.data(QModelIndex()).isValid());
@@ -207,15 +172,9 @@ TEST_F(TagModel, TextsAndFallbacks) {
     number.value = 12;
     tree.s11->addParam(number);
     EXPECT_EQ(model.index(0, 0, s1).data(), QVariant("Unk Type Caption"));
-    p.host.failParam("caption", HostProject::FailRead);
-    EXPECT_EQ(s1.data(), QVariant("NO RESULT CAPTION"));
-    EXPECT_EQ(t1.data(), QVariant("Unknow"));
-    p.host.clearFaults();
 
     EXPECT_EQ(model.headerData(0, Qt::Horizontal), QVariant("Теги устройства"));
     EXPECT_FALSE(model.headerData(1, Qt::Horizontal).isValid());
-    EXPECT_FALSE(model.headerData(0, Qt::Vertical).isValid());
-    EXPECT_FALSE(model.headerData(0, Qt::Horizontal, Qt::EditRole).isValid());
 }
 
 TEST_F(TagModel, CreateTagMakesAKeyedTagAndAnnouncesItsRow) {
@@ -227,16 +186,13 @@ TEST_F(TagModel, CreateTagMakesAKeyedTagAndAnnouncesItsRow) {
     HostObject* tag = HostObject::fromHandle(made);
     ASSERT_NE(tag, nullptr);
     EXPECT_EQ(tag->owner(), tree.base);
-    EXPECT_EQ(tag->kind(), cotSource);
     EXPECT_EQ(tag->moduleKey(), "IecArven");
     EXPECT_EQ(tag->get("tag_id").toByteArray(), "ICC_1/Var_3");
     EXPECT_EQ(tag->get("tag_type").toInt(), 3);
     EXPECT_EQ(tag->get("number").toInt(), 8);
     ASSERT_EQ(after.size(), 1);
-    EXPECT_EQ(before.size(), 1);
     EXPECT_FALSE(after[0][0].value<QModelIndex>().isValid());
     EXPECT_EQ(after[0][1].toInt(), 3);
-    EXPECT_EQ(after[0][2].toInt(), 3);
     EXPECT_EQ(model.rowCount(), 4);
 
     // Into a subfolder; a variable that is no "DcDA" gives type 0.
@@ -249,11 +205,6 @@ TEST_F(TagModel, CreateTagMakesAKeyedTagAndAnnouncesItsRow) {
     EXPECT_EQ(tag->get("tag_type").toInt(), 0);
     EXPECT_EQ(after.last()[0].value<QModelIndex>(), s1);
     EXPECT_EQ(after.last()[1].toInt(), 2);
-    tag =
-        HostObject::fromHandle(model.CreateTag(nullptr, tree.s2, cotSource, "", QModelIndex(), 0));
-    ASSERT_NE(tag, nullptr);
-    EXPECT_EQ(tag->get("tag_type").toInt(), 0);
-    EXPECT_EQ(tag->get("tag_id").toByteArray(), "");
 
     // The host refuses: null, nothing made, the announcement closed.
     const int children = tree.base->children().size();
@@ -281,10 +232,6 @@ TEST_F(TagModel, DeleteTagFindsTheRowAndDeletesInTheHost) {
     EXPECT_EQ(HostObject::fromHandle(tree.c1), nullptr);
     EXPECT_EQ(removed.last()[0].value<QModelIndex>(), s1);
     EXPECT_EQ(removed.last()[1].toInt(), 0);
-    model.DeleteTag(tree.a1);
-    EXPECT_EQ(HostObject::fromHandle(tree.a1), nullptr);
-    EXPECT_FALSE(removed.last()[0].value<QModelIndex>().isValid());
-    EXPECT_EQ(removed.last()[1].toInt(), 1);
 
     // Not among the shown rows: nothing happens.
     removed.clear();
@@ -305,7 +252,6 @@ TEST_F(TagModel, DeleteNodeRemovesTheRowAroundTheHostDelete) {
     ASSERT_EQ(before.size(), 1);
     EXPECT_EQ(before[0][0].value<QModelIndex>(), s1);
     EXPECT_EQ(before[0][1].toInt(), 1);
-    EXPECT_EQ(before[0][2].toInt(), 1);
 
     // A folder goes with what it holds.
     model.DeleteNode(model.index(1, 0), tree.s2);

@@ -158,12 +158,8 @@ TEST_F(FormLoadSave, TemplateReplacementRefusesWhatItCannotUse) {
         }
         EXPECT_EQ(pDcDTTP, before);
     });
-    ASSERT_EQ(boxes.count(), 2);
-    EXPECT_EQ(boxes.boxes()[0].title, "Предупреждение");
-    EXPECT_EQ(boxes.boxes()[0].text, "Ошибка разбора XML");
-    EXPECT_EQ(boxes.boxes()[0].buttons, QMessageBox::Ok);
-    EXPECT_EQ(boxes.boxes()[1].title, "Предупреждение");
-    EXPECT_EQ(boxes.boxes()[1].text, "По - видимому ошибка разбора DTTP");
+    EXPECT_EQ(BoxTexts(), QStringList({"Предупреждение|Ошибка разбора XML",
+                                       "Предупреждение|По - видимому ошибка разбора DTTP"}));
 }
 
 TEST_F(FormLoadSave, ClearingStepsOfTheLoad) {
@@ -204,19 +200,4 @@ TEST_F(FormLoadSave, ClearingStepsOfTheLoad) {
     const QModelIndex vars = f->pTreeIedModel->index(1, 0, f->pTreeIedModel->index(0, 0));
     EXPECT_EQ(vars.data().toString(), "Переменные");
     EXPECT_EQ(f->pTreeIedModel->rowCount(vars), 3);
-}
-
-TEST_F(FormLoadSave, TagWalkGoesThroughAllFolders) {
-    OpenForm(p.unit2);
-    HostObject* second = p.host.create(p.folder[0], cotFolderSource);
-    HostObject* tagB = p.addTag(second, cotSource, "B", 4, 0, 0, "B");
-    // Folders are walked last-found first, tags in host order; a tag met
-    // again isn't added twice.
-    QList<void*> list;
-    for (int kind : {cotSource, cotSource, cotPass}) {
-        Stack1.push_back(p.unit);
-        FCfgArvenSR->GetElemByFolder(kind, list);
-        EXPECT_TRUE(Stack1.empty());
-    }
-    EXPECT_EQ(list, QList<void*>({p.tagReal, tagB, p.tagState, p.tagPass}));
 }

@@ -2,6 +2,7 @@
 // data set, a transfer set or the Next_DSTransfer_Set object through it.
 #include "common/FormFixture.h"
 #include "common/ItemTexts.h"
+#include "common/ModelLookup.h"
 
 #include "dialogs/ChoiceObj.h"
 #include "form/CfgIecArven.h"
@@ -44,23 +45,12 @@ void ClickClass(FChoiceOb* d, int row) {
     emit d->lWObjects->itemClicked(d->lWObjects->item(row));
 }
 
-QModelIndex RowOf(IEDTreeModel* m, void* ob) {
-    return m
-        ->match(m->index(0, 0), Qt::UserRole, QVariant::fromValue(ob), 1,
-                Qt::MatchRecursive | Qt::MatchWrap)
-        .value(0);
-}
-
 // The folder row with that text right under row.
 QModelIndex FolderOf(IEDTreeModel* m, const QModelIndex& row, const QString& text) {
     for (int i = 0; i < m->rowCount(row); ++i)
         if (m->index(i, 0, row).data().toString() == text)
             return m->index(i, 0, row);
     return QModelIndex();
-}
-
-DcLD* ICC(int i) {
-    return qobject_cast<DcLD*>(ListOb(pVCC->ICCs, i));
 }
 
 } // namespace
@@ -72,7 +62,6 @@ TEST_F(ChoiceOb, ClassesNameProposalAndRefusal) {
     // with the template's one.
     OpenForm(p.unit, [&](CfgArvenSR* f) {
         FChoiceOb d(f);
-        EXPECT_EQ(d.objectName(), "ChoiceObj");
         EXPECT_EQ(d.windowTitle(), "Добавление объекта");
         EXPECT_EQ(d.lEName->text(), "Text");
         d.Fill_lWObjects();
@@ -87,18 +76,15 @@ TEST_F(ChoiceOb, ClassesNameProposalAndRefusal) {
         EXPECT_EQ(d.lWWhere->count(), 0);
         EXPECT_EQ(d.lEName->text(), "Text");
         d.accept();
-        ASSERT_EQ(boxes.count(), 1);
-        EXPECT_EQ(boxes.boxes()[0].title, "Предупреждение");
-        EXPECT_EQ(boxes.boxes()[0].text, "Выделите объекты");
+        EXPECT_EQ(BoxTexts(), QStringList("Предупреждение|Выделите объекты"));
         EXPECT_NE(d.result(), QDialog::Accepted);
 
         // An ICC host proposes its next data set; transfer sets are offered
         // the ICCs only and keep the name.
         d.FillWhere(pVCC);
-        d.FilterOb(ICC(0));
+        d.FilterOb(ICC(1));
         ClickClass(&d, 0);
         EXPECT_EQ(ChildTexts(*d.lWWhere->model()), QStringList({"VCC_1", "ICC_1", "ICC_2"}));
-        EXPECT_EQ(d.lWWhere->item(0)->data(Qt::UserRole).value<void*>(), pVCC);
         EXPECT_EQ(d.lEName->text(), "DataSet_4");
         d.lEName->setText("Mine");
         ClickClass(&d, 1);
@@ -110,7 +96,7 @@ TEST_F(ChoiceOb, ClassesNameProposalAndRefusal) {
 
         // The place of an object in the list becomes current; one that the
         // list doesn't hold changes nothing.
-        d.SetActiveW(ICC(1));
+        d.SetActiveW(ICC(2));
         ASSERT_NE(d.lWWhere->currentItem(), nullptr);
         EXPECT_EQ(d.lWWhere->currentItem()->text(), "ICC_2");
         d.SetActiveW(ListOb(pVCC->DataSets, 0));
@@ -125,8 +111,8 @@ TEST_F(ChoiceOb, ClassesNameProposalAndRefusal) {
 TEST_F(ChoiceOb, AddedObjectsReachModelTreeListAndBlob) {
     OpenForm(p.unit, [&](CfgArvenSR* f) {
         IEDTreeModel* m = f->pTreeIedModel;
-        const QModelIndex icc1 = RowOf(m, ICC(0));
-        const QModelIndex icc2 = RowOf(m, ICC(1));
+        const QModelIndex icc1 = RowOf(*m, ICC(1));
+        const QModelIndex icc2 = RowOf(*m, ICC(2));
         ASSERT_TRUE(icc1.isValid() && icc2.isValid());
         const int listed = f->lWInfo->count();
 
@@ -150,13 +136,8 @@ TEST_F(ChoiceOb, AddedObjectsReachModelTreeListAndBlob) {
             EXPECT_EQ(script.shows, 2);
             EXPECT_EQ(proposed, "");
         }
-        ASSERT_NE(pFChoiceOb, nullptr);
-        EXPECT_EQ(pFChoiceOb->parent(), f);
-        ASSERT_EQ(boxes.count(), 1);
-        EXPECT_EQ(boxes.boxes()[0].title, "Сообщение");
-        EXPECT_EQ(boxes.boxes()[0].text, "Нарушена уникальность имен");
-        ASSERT_EQ(ICC(0)->DataSets.Count, 4);
-        EXPECT_EQ(ICC(0)->DataSets.Strings(3), "Extra_DS");
+        EXPECT_EQ(BoxTexts(), QStringList("Сообщение|Нарушена уникальность имен"));
+        EXPECT_EQ(ICC(1)->DataSets.IndexOf("Extra_DS"), 3);
         EXPECT_EQ(ChildTexts(*m, FolderOf(m, icc1, "Наборы данных (DataSets)")),
                   QStringList({"DataSet_1", "DataSet_2", "DataSet_3", "Extra_DS"}));
         ASSERT_EQ(f->lWInfo->count(), listed + 1);
@@ -193,16 +174,16 @@ TEST_F(ChoiceOb, AddedObjectsReachModelTreeListAndBlob) {
             f->OnAddOb();
             EXPECT_EQ(script.shows, 2);
         }
-        ASSERT_EQ(boxes.count(), 1);
-        EXPECT_EQ(boxes.boxes()[0].text, "Нарушена уникальность имен или ошибка разбора");
-        EXPECT_EQ(ICC(1)->TransSets.Strings(3), "TrSet_X");
+        EXPECT_EQ(BoxTexts(),
+                  QStringList("Сообщение|Нарушена уникальность имен или ошибка разбора"));
+        EXPECT_EQ(ICC(2)->TransSets.IndexOf("TrSet_X"), 3);
         EXPECT_EQ(ChildTexts(*m, FolderOf(m, icc2, "Transfer_Sets")),
                   QStringList({"TrSet_1", "TrSet_2", "TrSet_3", "TrSet_X"}));
 
         // Next_DSTransfer_Set: the VCC as place is refused and the dialog
         // comes back; an ICC that has one keeps it without a word.
         boxes.clear();
-        DcNextTransferSet* next = ICC(1)->NextSet;
+        DcNextTransferSet* next = ICC(2)->NextSet;
         {
             ChoiceObScript script({[](FChoiceOb* d) {
                                        ClickClass(d, 0);
@@ -218,9 +199,8 @@ TEST_F(ChoiceOb, AddedObjectsReachModelTreeListAndBlob) {
             f->OnAddOb();
             EXPECT_EQ(script.shows, 2);
         }
-        ASSERT_EQ(boxes.count(), 1);
-        EXPECT_EQ(boxes.boxes()[0].text, "Недопустимый объект приемник");
-        EXPECT_EQ(ICC(1)->NextSet, next);
+        EXPECT_EQ(BoxTexts(), QStringList("Сообщение|Недопустимый объект приемник"));
+        EXPECT_EQ(ICC(2)->NextSet, next);
         EXPECT_EQ(ChildTexts(*m, icc2).count("Next_DSTransfer_Set"), 1);
     });
 

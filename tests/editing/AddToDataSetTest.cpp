@@ -63,6 +63,10 @@ struct ChoiceScript {
                 qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
                 return;
             ++shows;
+            // A list that takes the focus makes its first row current when
+            // none is; a late activation must not choose for an empty answer.
+            pChoiceDS->listWidget->setFocusPolicy(Qt::NoFocus);
+            pChoiceDS->listWidget->clearFocus();
             title = pChoiceDS->windowTitle();
             texts.clear();
             for (int i = 0; i < pChoiceDS->listWidget->count(); ++i)

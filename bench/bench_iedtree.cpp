@@ -2,6 +2,7 @@
 // lay out and paint the opened folder, to page through it, and the model's
 // own cost of reaching every row and its parent. Rows are nodes of a linked
 // list, so a row reached by position is where the cost shows.
+#include "BenchRun.h"
 #include "support/myNode.h"
 #include "views/SomeModelsIED.h"
 
@@ -115,10 +116,5 @@ int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return RunBenchmarks(argc, argv);
 }

@@ -3,6 +3,7 @@
 // variables. Before the timed runs, while this process is still small, one
 // fresh process per size reports the time of each step once and its peak
 // memory (a child's peak counts its parent's size at the fork).
+#include "BenchRun.h"
 #include <benchmark/benchmark.h>
 #include <cstdio>
 #include <cstdlib>
@@ -192,10 +193,5 @@ int main(int argc, char** argv) {
     }
     std::printf("\n");
     std::fflush(stdout);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return RunBenchmarks(argc, argv);
 }

@@ -4,6 +4,7 @@
 // second argument picks the host: 0 the stand-in as it is, which filters an
 // object's children by kind on every call, 1 the same with the folder's tags
 // kept by kind, as a host with indexed children would answer.
+#include "BenchRun.h"
 #include "host/HostProject.h"
 #include "plugin/CfgIecArvenlib.h"
 #include "views/UnitTagsModel.h"
@@ -207,10 +208,5 @@ int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return RunBenchmarks(argc, argv);
 }

@@ -2,7 +2,7 @@
 // lay out and paint the opened folder, to page through it, and the model's
 // own cost of reaching every row and its parent. Rows are nodes of a linked
 // list, so a row reached by position is where the cost shows.
-#include "BenchRun.h"
+#include "WidgetBenchRun.h"
 #include "support/myNode.h"
 #include "views/SomeModelsIED.h"
 
@@ -113,8 +113,5 @@ BENCHMARK(BM_IndexEveryRow)->Apply(Sizes);
 } // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    return RunBenchmarks(argc, argv);
+    return RunWidgetBenchmarks(argc, argv);
 }

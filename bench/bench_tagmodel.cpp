@@ -4,7 +4,7 @@
 // second argument picks the host: 0 the stand-in as it is, which filters an
 // object's children by kind on every call, 1 the same with the folder's tags
 // kept by kind, as a host with indexed children would answer.
-#include "BenchRun.h"
+#include "WidgetBenchRun.h"
 #include "host/HostProject.h"
 #include "plugin/CfgIecArvenlib.h"
 #include "views/UnitTagsModel.h"
@@ -205,8 +205,5 @@ BENCHMARK(BM_IndexEveryRow)->Apply(Sizes);
 } // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    return RunBenchmarks(argc, argv);
+    return RunWidgetBenchmarks(argc, argv);
 }

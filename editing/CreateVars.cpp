@@ -53,11 +53,7 @@ DcICCPBase* CfgArvenSR::CreateNewVarSimple(void* tag, int& isDO, int) {
         }
         owner = ListOb(pVCC->ICCs, data.domain - 1);
     }
-    StringList* vars = nullptr;
-    if (auto icc = qobject_cast<DcLD*>(owner))
-        vars = &icc->Vars;
-    else if (owner == pVCC)
-        vars = &pVCC->Vars;
+    StringList* vars = VarsOf(owner);
     if (!vars)
         return nullptr;
 
@@ -265,11 +261,7 @@ void CfgArvenSR::OnAddVar() {
         const int dataSet = dialog->ui.cBDataSet->currentIndex();
 
         DcICCPBase* owner = where == 0 ? pVCC : ListOb(pVCC->ICCs, where - 1);
-        StringList* names = nullptr;
-        if (owner && owner->ClassName() == "DcVCC")
-            names = &static_cast<DcVCC*>(owner)->Vars;
-        else if (owner && owner->ClassName() == "DcLD")
-            names = &static_cast<DcLD*>(owner)->Vars;
+        StringList* names = VarsOf(owner);
         if (!names) {
             QMessageBox::information(this, "Ошибка", "Ошибка в определении источника");
             return;
@@ -324,11 +316,7 @@ void CfgArvenSR::OnAddVar() {
 
 bool CfgArvenSR::CreateInTree(QString base, int first, int count, DcICCPBase* host,
                               DcICCPBase* type, StringList& out) {
-    StringList* names = nullptr;
-    if (auto vcc = qobject_cast<DcVCC*>(host))
-        names = &vcc->Vars;
-    else if (auto icc = qobject_cast<DcLD*>(host))
-        names = &icc->Vars;
+    StringList* names = VarsOf(host);
     if (!names)
         return false;
     const std::string prefix = base.toLocal8Bit().toStdString();

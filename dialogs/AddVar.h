@@ -40,6 +40,8 @@ public:
     // The type last clicked; null until then. The caller clears it before
     // each exec().
     DcICCPBase* SelType;
+    // The form's count of template loads when the dialog was last filled.
+    int TemplLoadsShown = 0;
     // Variable names of the place last clicked in lW (not owned).
     StringList* pNames;
 

@@ -11,6 +11,7 @@
 #include "plugin/cfgCalls.h"
 #include "support/myNode.h"
 #include "tags/TagBinding.h"
+#include "views/PropModel.h"
 #include "views/ProxyModel4TagsModel.h"
 #include "views/SomeModelsIED.h"
 #include "views/UnitTagsModel.h"
@@ -204,6 +205,15 @@ void CfgArvenSR::Prepare4AddVar(int quantity) {
     dialog->setWhatsThis(QString());
     dialog->ui.lEName->clear();
     dialog->ui.sBCount->setValue(quantity);
+    // The structure shown last was built over templates loaded since freed.
+    if (dialog->TemplLoadsShown != TemplLoads) {
+        dialog->ui.tVStruct->setModel(nullptr);
+        myNode* old = dialog->pModel4Add->rootNode;
+        dialog->pModel4Add->setRootNode(nullptr);
+        if (old)
+            old->DeleteSubTree();
+        dialog->TemplLoadsShown = TemplLoads;
+    }
     if (pDcDTTP) {
         QListView* view = dialog->ui.listVAD;
         view->setModel(nullptr);

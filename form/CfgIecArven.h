@@ -118,6 +118,9 @@ public:
     void UpdAfterLoad(void* unit);
 
     // Model load and save.
+    // Counts the loads of type templates: what a dialog shows of older ones
+    // points at freed memory.
+    int TemplLoads = 0;
     int loadFromTemplate();
     int LoadFile(const QString& path, QString& error);
     void ParseToTree(TiXmlDocument& document);

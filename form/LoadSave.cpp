@@ -55,6 +55,7 @@ int CfgArvenSR::loadFromTemplate() {
     if (document.Error())
         return 1;
     ParseToTree(document);
+    ++TemplLoads;
     if (pVCC)
         connect(pVCC, RemovedSignal, this, RemovedSlot);
     needemit = true;
@@ -164,6 +165,7 @@ void CfgArvenSR::OnUpDTTP() {
     // the tree isn't rebuilt.
     delete pDcDTTP;
     pDcDTTP = pDcDTTPnew;
+    ++TemplLoads;
 }
 
 void CfgArvenSR::TekVCC2XMLList() {

@@ -200,6 +200,39 @@ TEST_F(CreateVars, AddVarMakesTagsAndVariables) {
     });
 }
 
+// Clicks a structure of three members. It stands in the list's second part,
+// which the "Еще" button may have to show (a refilled list shows the first).
+static void ClickStructure(GetVarFrm* d) {
+    for (int turn = 0; turn < 3 && d->ui.tVStruct->model() == nullptr; ++turn) {
+        Fill(d, "Data_State_SupplementalQTimeTagExtended", "S", 1, 0, 0);
+        if (d->ui.tVStruct->model() == nullptr)
+            d->ui.tBut->click();
+    }
+}
+
+TEST_F(CreateVars, StructureShownInTheDialogDoesNotOutliveAReload) {
+    OpenForm(p.unit, [](CfgArvenSR* f) {
+        ScriptDialog({[](GetVarFrm* d) {
+            ClickStructure(d);
+            EXPECT_NE(d->ui.tVStruct->model(), nullptr);
+            d->reject();
+        }});
+        f->OnAddVar();
+    });
+    // The later call loads the templates anew: the dialog shows no structure
+    // until a type is clicked.
+    OpenForm(p.unit, [](CfgArvenSR* f) {
+        ScriptDialog({[](GetVarFrm* d) {
+            EXPECT_EQ(d->ui.tVStruct->model(), nullptr);
+            ClickStructure(d);
+            const QAbstractItemModel* shown = d->ui.tVStruct->model();
+            EXPECT_EQ(shown ? shown->index(0, 0).data().toString() : QString(), "Value");
+            d->reject();
+        }});
+        f->OnAddVar();
+    });
+}
+
 TEST_F(CreateVars, DisplayTreesOfAVariable) {
     OpenForm(p.unit2, [](CfgArvenSR*) {
         StringList list;

@@ -4,7 +4,7 @@ JOBS ?= $(shell nproc)
 FUZZ_SECONDS ?= 60
 CMAKE_FLAGS ?=
 
-.PHONY: all deps build asan-build fuzz-build test test-plain test-asan demo bench scale fuzz fuzz-short format clean
+.PHONY: all deps build asan-build fuzz-build test test-plain test-asan demo bench scale screenshots fuzz fuzz-short format clean
 
 all: build
 
@@ -37,6 +37,10 @@ bench: deps
 	cmake -S . -B build-bench -DCMAKE_BUILD_TYPE=Release -DICCP_TESTS=OFF -DICCP_BENCH=ON >/dev/null
 	cmake --build build-bench -j $(JOBS)
 	scripts/run-bench build-bench
+
+# Retakes the pictures of docs/ on a virtual display.
+screenshots: build
+	scripts/take-screenshots build
 
 # Opens and closes generated units of 5,000, 20,000 and 50,000 tags headless
 # and prints the times and the peak memory.

@@ -19,6 +19,11 @@ void FormWatcher::start() {
     m_timer.start();
 }
 
+void FormWatcher::setPicture(const QList<UiStep>& steps, const QString& widget) {
+    m_steps = steps;
+    m_pictured = widget;
+}
+
 void FormWatcher::stop() {
     m_timer.stop();
 }
@@ -53,8 +58,15 @@ void FormWatcher::handleForm(QWidget* form) {
     }
     m_formSeen = true;
     stop();
-    if (!m_screenshot.isEmpty() && !form->grab().save(m_screenshot, "PNG"))
-        m_screenshotError = m_screenshot + ": the picture could not be written";
+    m_error = RunUiSteps(form, m_steps);
+    QWidget* pictured = form;
+    if (m_error.isEmpty() && !m_pictured.isEmpty()) {
+        pictured = form->findChild<QWidget*>(m_pictured);
+        if (!pictured)
+            m_error = m_pictured + ": no widget of that name";
+    }
+    if (m_error.isEmpty() && !m_screenshot.isEmpty() && !pictured->grab().save(m_screenshot, "PNG"))
+        m_error = m_screenshot + ": the picture could not be written";
     if (m_closeForm)
         form->close();
 }

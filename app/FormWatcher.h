@@ -3,6 +3,9 @@
 // any message box on the way.
 #pragma once
 
+#include "app/UiSteps.h"
+
+#include <QList>
 #include <QObject>
 #include <QString>
 #include <QTimer>
@@ -19,11 +22,14 @@ public:
 
     // Polls at every turn of the event loop until the form has been handled.
     void start();
+    // Steps taken on the form before the picture, and the object name of the
+    // widget pictured instead of the whole form.
+    void setPicture(const QList<UiStep>& steps, const QString& widget);
     void stop();
 
     bool formSeen() const { return m_formSeen; }
-    // Empty, or why the screenshot couldn't be written.
-    const QString& screenshotError() const { return m_screenshotError; }
+    // Empty, or why a step or the screenshot failed.
+    const QString& error() const { return m_error; }
 
 private slots:
     void poll();
@@ -36,5 +42,7 @@ private:
     QString m_screenshot;
     RunTimer* m_runTimer = nullptr;
     bool m_formSeen = false;
-    QString m_screenshotError;
+    QList<UiStep> m_steps;
+    QString m_pictured;
+    QString m_error;
 };

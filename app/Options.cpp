@@ -3,14 +3,21 @@
 const char* const hostUsage =
     "usage: iccp-host [PROJECT.json] [--unit N] [--headless] [--print-datarun]\n"
     "                 [--screenshot FILE.png] [--plugin PATH] [--timing]\n"
+    "                 [--expand VIEW] [--click VIEW:TEXT] [--screenshot-of NAME]\n"
     "\n"
     "Opens the ICCP server configuration form for one unit of a host project.\n"
     "  PROJECT.json          project of the stand-in host, saved back after the form\n"
     "                        closes; without it the built-in demo project is used\n"
     "  --unit N              the N-th unit (from 0) of the first line's direction\n"
-    "  --headless            offscreen; the form is closed as soon as it is shown\n"
+    "  --headless            offscreen (unless QT_QPA_PLATFORM says otherwise); the\n"
+    "                        form is closed as soon as it is shown\n"
     "  --print-datarun       print the unit's $DATARUN after the form has closed\n"
     "  --screenshot FILE.png save a picture of the form once it is shown\n"
+    "  --expand VIEW         open the tree view of that object name all the way down\n"
+    "  --click VIEW:TEXT     click the first row whose text begins with TEXT in the\n"
+    "                        view of that name; --expand and --click run in order,\n"
+    "                        before the picture\n"
+    "  --screenshot-of NAME  picture only the widget of that object name\n"
     "  --plugin PATH         the plug-in library to load\n"
     "  --timing              print to stderr the seconds of the project's load, the\n"
     "                        form's opening (call to first paint) and closing (close\n"
@@ -20,7 +27,8 @@ const char* const hostUsage =
 bool ParseOptions(const QStringList& args, HostOptions& options, QString& error) {
     for (int i = 0; i < args.size(); ++i) {
         const QString& arg = args[i];
-        const bool takesValue = arg == "--unit" || arg == "--screenshot" || arg == "--plugin";
+        const bool takesValue = arg == "--unit" || arg == "--screenshot" || arg == "--plugin" ||
+                                arg == "--expand" || arg == "--click" || arg == "--screenshot-of";
         if (takesValue && i + 1 == args.size()) {
             error = arg + " needs a value";
             return false;
@@ -34,6 +42,20 @@ bool ParseOptions(const QStringList& args, HostOptions& options, QString& error)
             }
         } else if (arg == "--screenshot") {
             options.screenshot = args[++i];
+        } else if (arg == "--screenshot-of") {
+            options.screenshotOf = args[++i];
+        } else if (arg == "--expand") {
+            UiStep step;
+            step.kind = UiStep::Expand;
+            step.view = args[++i];
+            options.steps << step;
+        } else if (arg == "--click") {
+            UiStep step;
+            if (!ParseClickStep(args[++i], step)) {
+                error = "--click takes VIEW:TEXT: " + args[i];
+                return false;
+            }
+            options.steps << step;
         } else if (arg == "--plugin") {
             options.plugin = args[++i];
         } else if (arg == "--headless") {

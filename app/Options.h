@@ -1,6 +1,9 @@
 // The command line of iccp-host.
 #pragma once
 
+#include "app/UiSteps.h"
+
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -11,6 +14,8 @@ struct HostOptions {
     bool printDatarun = false;
     bool timing = false;
     QString screenshot;
+    QString screenshotOf; // object name of the widget pictured; empty: the form
+    QList<UiStep> steps;  // taken on the shown form, in order
     QString plugin;
     bool help = false;
 };

@@ -42,7 +42,9 @@ int main(int argc, char** argv) {
         fputs(hostUsage, stdout);
         return 0;
     }
-    if (options.headless)
+    // A platform named by the caller stands, so that a headless run can be
+    // pictured on a virtual display.
+    if (options.headless && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
 
@@ -77,7 +79,9 @@ int main(int argc, char** argv) {
             static_cast<unsigned long long>(build), author ? author : "");
 
     FormWatcher watcher(options.headless, options.screenshot, options.timing ? &timer : nullptr);
-    if (options.headless || !options.screenshot.isEmpty() || options.timing)
+    watcher.setPicture(options.steps, options.screenshotOf);
+    if (options.headless || !options.screenshot.isEmpty() || options.timing ||
+        !options.steps.isEmpty())
         watcher.start();
     if (options.timing)
         timer.watch();
@@ -94,8 +98,8 @@ int main(int argc, char** argv) {
         PrintDatarun(unit);
     if (!options.screenshot.isEmpty() && !watcher.formSeen())
         fprintf(stderr, "iccp-host: no form was shown, so no screenshot was taken\n");
-    if (!watcher.screenshotError().isEmpty())
-        return Fail(watcher.screenshotError());
+    if (!watcher.error().isEmpty())
+        return Fail(watcher.error());
     if (options.timing) {
         timer.mark(RunTimer::TeardownStart);
         project.clear();

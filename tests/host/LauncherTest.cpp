@@ -5,6 +5,7 @@
 #include "common/TestApp.h"
 #include "host/ProjectFile.h"
 
+#include <QImage>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -42,7 +43,8 @@ TEST(Launcher, CommandLineRefusals) {
     EXPECT_TRUE(r.out.startsWith("usage: iccp-host [PROJECT.json]"));
     for (const QStringList& bad :
          {QStringList{"--unit"}, QStringList{"--unit", "-1"}, QStringList{"--unit", "x"},
-          QStringList{"--frobnicate"}, QStringList{"a.json", "b.json"}})
+          QStringList{"--frobnicate"}, QStringList{"a.json", "b.json"},
+          QStringList{"--click", "tVTags"}, QStringList{"--click", "tVTags:"}})
         ExpectRun(bad, 2, "usage: iccp-host");
 
     QTemporaryDir dir;
@@ -92,4 +94,19 @@ TEST(Launcher, DemoRunsWithoutAProjectFileAndTimesItsSpans) {
         "KiB\\n");
     EXPECT_TRUE(line.match(r.err).hasMatch()) << qPrintable(r.err);
     EXPECT_FALSE(Launch({"--headless"}).err.contains("timing"));
+}
+
+TEST(Launcher, StepsChooseRowsBeforeThePictureOfOnePane) {
+    QTemporaryDir dir;
+    const QString shot = dir.filePath("pane.png");
+    const HostRun r =
+        Launch({"--headless", "--expand", "tVIed", "--click", "tVTags:Сальдо перетоков",
+                "--screenshot", shot, "--screenshot-of", "tVProp"});
+    ASSERT_EQ(r.status, 0) << qPrintable(r.err);
+    const QImage pane(shot);
+    EXPECT_FALSE(pane.isNull());
+    EXPECT_LT(pane.width(), 700);
+    ExpectRun({"--headless", "--click", "tVTags:No such tag"}, 1,
+              "tVTags: no row begins with \"No such tag\"");
+    ExpectRun({"--headless", "--screenshot-of", "nowhere"}, 1, "nowhere: no widget of that name");
 }

@@ -1,0 +1,59 @@
+#include "app/UiSteps.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QMouseEvent>
+#include <QTreeView>
+
+bool ParseClickStep(const QString& arg, UiStep& step) {
+    const int colon = arg.indexOf(':');
+    if (colon <= 0 || colon + 1 == arg.size())
+        return false;
+    step.kind = UiStep::Click;
+    step.view = arg.left(colon);
+    step.text = arg.mid(colon + 1);
+    return true;
+}
+
+namespace {
+
+// A real press and release in the middle of the row, so that the view's own
+// signals run as they do under the engineer's mouse.
+void ClickRow(QAbstractItemView* view, const QModelIndex& row) {
+    if (auto tree = qobject_cast<QTreeView*>(view))
+        for (QModelIndex up = row.parent(); up.isValid(); up = up.parent())
+            tree->expand(up);
+    view->scrollTo(row);
+    const QPoint at = view->visualRect(row).center();
+    QWidget* target = view->viewport();
+    for (QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        QMouseEvent event(type, at, target->mapToGlobal(at), Qt::LeftButton,
+                          type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
+                          Qt::NoModifier);
+        QApplication::sendEvent(target, &event);
+    }
+}
+
+} // namespace
+
+QString RunUiSteps(QWidget* form, const QList<UiStep>& steps) {
+    for (const UiStep& step : steps) {
+        auto view = form->findChild<QAbstractItemView*>(step.view);
+        if (!view || !view->model())
+            return step.view + ": no view of that name shows rows";
+        if (step.kind == UiStep::Expand) {
+            if (auto tree = qobject_cast<QTreeView*>(view))
+                tree->expandAll();
+            continue;
+        }
+        QAbstractItemModel* model = view->model();
+        const QModelIndexList hits =
+            model->match(model->index(0, 0, view->rootIndex()), Qt::DisplayRole, step.text, 1,
+                         Qt::MatchStartsWith | Qt::MatchRecursive | Qt::MatchWrap);
+        if (hits.isEmpty())
+            return step.view + ": no row begins with \"" + step.text + "\"";
+        ClickRow(view, hits.first());
+        QApplication::processEvents();
+    }
+    return QString();
+}

@@ -1,0 +1,22 @@
+// Steps that iccp-host takes on the shown form before its screenshot, so that
+// a picture can show chosen rows: a click on the row of a named view, or a
+// named tree view opened all the way down. The form's widgets are reached by
+// their object names alone, as any host could.
+#pragma once
+
+#include <QList>
+#include <QString>
+
+class QWidget;
+
+struct UiStep {
+    enum Kind { Click, Expand };
+    Kind kind = Click;
+    QString view; // object name of a view below the form
+    QString text; // Click: the start of the row's shown text
+};
+
+// "VIEW:TEXT" for a click; false when either side is empty.
+bool ParseClickStep(const QString& arg, UiStep& step);
+// Runs the steps in order; empty, or why a step could not be taken.
+QString RunUiSteps(QWidget* form, const QList<UiStep>& steps);

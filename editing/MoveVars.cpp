@@ -24,28 +24,138 @@ QListWidgetItem* CurrentSetRow(CfgArvenSR* form, DcDataSet* dataSet) {
     return current->text() == LocalToQ(dataSet->GetFullName()) ? current : nullptr;
 }
 
-// Member entries that point at a variable about to be deleted keep their
-// text and lose the pointer, so that nothing reaches the freed object.
-void ForgetMember(DcICCPBase* var) {
-    ForEachDataSetList([var](StringList& dataSets) {
-        for (int i = 0; i < dataSets.Count; ++i) {
-            auto dataSet = qobject_cast<DcDataSet*>(ListOb(dataSets, i));
-            if (!dataSet)
-                continue;
-            for (int k = 0; k < dataSet->Elems.Count; ++k)
-                if (dataSet->Elems.Objects(k) == var)
-                    dataSet->Elems.AddObjToString(nullptr, k);
-        }
-    });
+// The text of the entry that AddObRef and RemoveRef look for.
+std::string MemberKey(DcDataSet* dataSet, DcICCPBase* var) {
+    return dataSet->Domain.empty() ? var->name : dataSet->Domain + "/" + var->name;
 }
 
 } // namespace
 
-void Changedomain(int newDomain, int oldDomain, void* tag) {
+QModelIndex MoveRun::Folder(DcICCPBase* owner) {
+    auto at = folders.find(owner);
+    if (at == folders.end())
+        at = folders.insert(owner, QPersistentModelIndex(VarsFolderRow(model, owner)));
+    return *at;
+}
+
+MoveRun::Rows& MoveRun::RowsOf(const QModelIndex& folder) {
+    myNode* node = model->nodeFromIndex(folder);
+    auto at = rows.find(node);
+    if (at != rows.end())
+        return *at;
+    Rows& made = rows[node];
+    const int count = model->rowCount(folder);
+    for (int r = 0; r < count; ++r) {
+        const QModelIndex row = model->index(r, 0, folder);
+        made.nodes.push_back(model->nodeFromIndex(row));
+        made.texts.push_back(row.data().toString());
+        if (!made.first.contains(made.texts.back()))
+            made.first.insert(made.texts.back(), r);
+    }
+    return made;
+}
+
+int MoveRun::RowOf(const QModelIndex& folder, const QString& name) {
+    return RowsOf(folder).first.value(name, -1);
+}
+
+void MoveRun::Append(const QModelIndex& folder, myNode* node, const std::function<void()>& inside) {
+    Rows& list = RowsOf(folder);
+    const int row = int(list.nodes.size());
+    model->beginInsertRows(folder, row, row);
+    // Linked behind the known last child: no walk along the chain.
+    if (list.nodes.empty())
+        model->nodeFromIndex(folder)->AddChild(node);
+    else
+        list.nodes.back()->AddSibling(node);
+    list.nodes.push_back(node);
+    list.texts.push_back(GetRusQStr(node->name.c_str()));
+    if (!list.first.contains(list.texts.back()))
+        list.first.insert(list.texts.back(), row);
+    inside();
+    model->endInsertRows();
+}
+
+void MoveRun::RemoveFrom(const QModelIndex& folder, int row, const std::function<void()>& inside) {
+    Rows& list = RowsOf(folder);
+    const int last = int(list.nodes.size()) - 1;
+    if (row < 0 || row > last)
+        return;
+    // The node goes with the rows after it, which the view must let go of
+    // too.
+    model->beginRemoveRows(folder, row, last);
+    list.nodes[row]->DeleteSubTree();
+    for (int r = row; r <= last; ++r) {
+        auto first = list.first.find(list.texts[r]);
+        if (first != list.first.end() && *first >= row)
+            list.first.erase(first);
+    }
+    list.nodes.resize(row);
+    list.texts.resize(row);
+    inside();
+    model->endRemoveRows();
+}
+
+void MoveRun::CountMembers() {
+    counted = true;
+    ForEachDataSetList([this](StringList& dataSets) {
+        for (int i = 0; i < dataSets.Count; ++i)
+            if (auto dataSet = qobject_cast<DcDataSet*>(ListOb(dataSets, i)))
+                for (int k = 0; k < dataSet->Elems.Count; ++k)
+                    if (void* ob = dataSet->Elems.Objects(k))
+                        ++members[qMakePair(ob, dataSet)];
+    });
+}
+
+void MoveRun::AddRef(DcDataSet* dataSet, DcICCPBase* var) {
+    if (!dataSet || !var)
+        return;
+    dataSet->AddObRef(var);
+    // A renewed entry still counts for the object it held: counting too many
+    // costs a look at the set, too few would leave a pointer behind.
+    if (counted)
+        ++members[qMakePair(static_cast<void*>(var), dataSet)];
+}
+
+void MoveRun::RemoveRef(DcDataSet* dataSet, DcICCPBase* var) {
+    if (!dataSet || !var)
+        return;
+    if (counted) {
+        const int at = dataSet->Elems.IndexOf(MemberKey(dataSet, var));
+        auto count =
+            at < 0 ? members.end() : members.find(qMakePair(dataSet->Elems.Objects(at), dataSet));
+        if (count != members.end() && *count > 0)
+            --*count;
+    }
+    dataSet->RemoveRef(var);
+}
+
+void MoveRun::ForgetMember(DcICCPBase* var) {
+    if (!counted)
+        CountMembers();
+    freed.insert(var);
+    ForEachDataSetList([this, var](StringList& dataSets) {
+        for (int i = 0; i < dataSets.Count; ++i) {
+            auto dataSet = qobject_cast<DcDataSet*>(ListOb(dataSets, i));
+            auto count = members.find(qMakePair(static_cast<void*>(var), dataSet));
+            if (!dataSet || count == members.end())
+                continue;
+            if (*count > 0)
+                for (int k = 0; k < dataSet->Elems.Count; ++k)
+                    if (dataSet->Elems.Objects(k) == var)
+                        dataSet->Elems.AddObjToString(nullptr, k);
+            members.erase(count);
+        }
+    });
+}
+
+void Changedomain(int newDomain, int oldDomain, void* tag, MoveRun* run) {
     CfgArvenSR* form = FCfgArvenSR;
     if (!form || !form->pTreeIedModel || !pVCC || !pDcDTTP)
         return;
-    IEDTreeModel* model = form->pTreeIedModel;
+    MoveRun single(form->pTreeIedModel);
+    if (!run)
+        run = &single;
     std::string caption, tagName;
     int type = 0, number = 0;
     GetTextProp(tag, "caption", caption);
@@ -59,20 +169,16 @@ void Changedomain(int newDomain, int oldDomain, void* tag) {
     DcICCPBase* owner = DomainContainer(newDomain);
     StringList* target = VarsOf(owner);
     DcICCPBase* var = nullptr;
-    const QModelIndex folder = VarsFolderRow(model, owner);
+    const QModelIndex folder = run->Folder(owner);
     if (folder.isValid() && target) {
-        myNode* folderNode = model->nodeFromIndex(folder);
-        const int row = model->rowCount(folder);
-        model->beginInsertRows(folder, row, row);
         if (auto doType = qobject_cast<DcDOType*>(templ))
             var = new DcDO(name, doType, owner);
         else
             var = new DcDA(name, qobject_cast<DcDAType*>(templ), owner);
+        run->Born(var);
         var->BoundTag = tag;
         var->desc = caption;
-        folderNode->AddChild(new myNode(name, var));
-        target->AddObject(name, var, true);
-        model->endInsertRows();
+        run->Append(folder, new myNode(name, var), [&] { target->AddObject(name, var, true); });
     }
 
     int dataSetNumber = 0;
@@ -80,42 +186,45 @@ void Changedomain(int newDomain, int oldDomain, void* tag) {
     DcDataSet* newSet = nullptr;
     if (dataSetNumber > 0 && var) {
         newSet = DataSetOf(owner, dataSetNumber);
-        if (newSet)
-            newSet->AddObRef(var);
+        run->AddRef(newSet, var);
     }
 
+    // The old variable is one of the rows under its owner's "Переменные":
+    // a variable made at load without a row stays where it is.
     DcICCPBase* oldOwner = DomainContainer(oldDomain);
-    const QModelIndex oldRow = VarRowOf(model, oldOwner, QString::fromStdString(name));
-    if (oldRow.isValid()) {
-        const QModelIndex parent = oldRow.parent();
-        // The node goes with the rows after it, which the view must let go
-        // of too.
-        model->beginRemoveRows(parent, oldRow.row(), model->rowCount(parent) - 1);
-        model->nodeFromIndex(oldRow)->DeleteSubTree();
-        StringList* oldVars = VarsOf(oldOwner);
-        const int at = oldVars ? oldVars->IndexOf(name) : -1;
-        if (at >= 0) {
+    const QModelIndex oldFolder = run->Folder(oldOwner);
+    const int oldRow =
+        oldFolder.isValid() ? run->RowOf(oldFolder, QString::fromStdString(name)) : -1;
+    if (oldRow >= 0) {
+        run->RemoveFrom(oldFolder, oldRow, [&] {
+            StringList* oldVars = VarsOf(oldOwner);
+            const int at = oldVars ? oldVars->IndexOf(name) : -1;
+            if (at < 0)
+                return;
             DcICCPBase* old = ListOb(*oldVars, at);
             if (dataSetNumber > 0)
-                if (DcDataSet* oldSet = DataSetOf(oldOwner, dataSetNumber))
-                    oldSet->RemoveRef(old);
+                run->RemoveRef(DataSetOf(oldOwner, dataSetNumber), old);
             oldVars->Delete(at);
-            ForgetMember(old);
-            delete old;
-        }
-        model->endRemoveRows();
+            if (old) {
+                run->ForgetMember(old);
+                delete old;
+            }
+        });
     }
     if (CurrentSetRow(form, newSet))
         RefreshContent(form);
 }
 
-void Changedsnum(int newDs, int oldDs, void* tag) {
+void Changedsnum(int newDs, int oldDs, void* tag, MoveRun* run) {
     CfgArvenSR* form = FCfgArvenSR;
     std::string tagName;
     int type = 0, number = 0, domain = 0;
     if (!form || !GetIntProp(tag, "tag_type", type) || !GetTextProp(tag, "tag_name", tagName) ||
         !GetIntProp(tag, "number", number) || !GetIntProp(tag, "domain", domain))
         return;
+    MoveRun single(form->pTreeIedModel);
+    if (!run)
+        run = &single;
     const std::string name = tagName + "_" + Int2Str(number);
     DcICCPBase* owner = DomainContainer(domain);
     DcDataSet* newSet = DataSetOf(owner, newDs);
@@ -124,10 +233,8 @@ void Changedsnum(int newDs, int oldDs, void* tag) {
     const int at = vars ? vars->IndexOf(name) : -1;
     if (at >= 0) {
         DcICCPBase* var = ListOb(*vars, at);
-        if (oldSet)
-            oldSet->RemoveRef(var);
-        if (newSet)
-            newSet->AddObRef(var);
+        run->RemoveRef(oldSet, var);
+        run->AddRef(newSet, var);
     }
     QListWidgetItem* current = form->lWInfo->currentItem();
     void* shown = current ? current->data(Qt::UserRole).value<void*>() : nullptr;
@@ -157,7 +264,7 @@ void Changedtype(int, int, void* tag) {
     model->beginRemoveRows(parent, row.row(), row.row());
     node->DeleteNode();
     delete node;
-    ForgetMember(old);
+    MoveRun(model).ForgetMember(old);
     delete old;
     model->endRemoveRows();
 

@@ -214,6 +214,14 @@ public:
     // A row in the tree for a variable made from the tags.
     void Tags2TaseTree(QList<void*> tags, int isDO, DcICCPBase* var);
 
+    // Moving and bulk change.
+    // The members of the content list go to data set newDs, a 0-based
+    // position, of the same owner; their tags take newDs.
+    void ChangeDsOnly(int newDomain, int newDs, QList<DcICCPBase*>* obs);
+    // The members go to another owner, and to data set newDs there.
+    void ChangeDomainAndDs(int newDomain, int newDs, int oldDomain, int oldDs,
+                           QList<DcICCPBase*>* obs);
+
 signals:
     void sigShowStat(QString text);
 
@@ -278,6 +286,13 @@ public slots:
     // A command variable, with its SBO twin, added to the ICC of the current
     // tree row.
     void OnAcmd();
+
+    // Moving and bulk change.
+    // "Переместить объект(ы) ": the selected members of the shown data set
+    // go where the dialog says.
+    void MoveOb_ContDS();
+    // "DataSet&TransSet": the reserve list in its viewer.
+    void onShowReservDSList();
 
 protected:
     bool event(QEvent* e) override;

@@ -121,7 +121,7 @@ void CfgArvenSR::ChangeDomainAndDs(int newDomain, int newDs, int oldDomain, int 
                                    QList<DcICCPBase*>* obs) {
     if (!obs)
         return;
-    MoveRun run(pTreeIedModel);
+    MoveRun run(pTreeIedModel, true);
     for (DcICCPBase* ob : *obs) {
         // A row may name an object that a move before has freed.
         if (!ob || run.Gone(ob) || !ob->BoundTag)

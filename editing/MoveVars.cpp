@@ -38,12 +38,18 @@ QModelIndex MoveRun::Folder(DcICCPBase* owner) {
     return *at;
 }
 
+MoveRun::~MoveRun() {
+    for (Rows& list : rows)
+        Flush(list);
+}
+
 MoveRun::Rows& MoveRun::RowsOf(const QModelIndex& folder) {
     myNode* node = model->nodeFromIndex(folder);
     auto at = rows.find(node);
     if (at != rows.end())
         return *at;
     Rows& made = rows[node];
+    made.folder = folder;
     const int count = model->rowCount(folder);
     for (int r = 0; r < count; ++r) {
         const QModelIndex row = model->index(r, 0, folder);
@@ -52,6 +58,7 @@ MoveRun::Rows& MoveRun::RowsOf(const QModelIndex& folder) {
         if (!made.first.contains(made.texts.back()))
             made.first.insert(made.texts.back(), r);
     }
+    made.linked = made.nodes.size();
     return made;
 }
 
@@ -59,25 +66,41 @@ int MoveRun::RowOf(const QModelIndex& folder, const QString& name) {
     return RowsOf(folder).first.value(name, -1);
 }
 
+void MoveRun::Flush(Rows& list, const std::function<void()>& inside) {
+    const int first = int(list.linked), last = int(list.nodes.size()) - 1;
+    if (first > last || !list.folder.isValid())
+        return;
+    model->beginInsertRows(list.folder, first, last);
+    // Linked behind the known last child: no walk along the chain.
+    for (; list.linked < list.nodes.size(); ++list.linked) {
+        if (list.linked == 0)
+            model->nodeFromIndex(list.folder)->AddChild(list.nodes[0]);
+        else
+            list.nodes[list.linked - 1]->AddSibling(list.nodes[list.linked]);
+    }
+    if (inside)
+        inside();
+    model->endInsertRows();
+}
+
 void MoveRun::Append(const QModelIndex& folder, myNode* node, const std::function<void()>& inside) {
     Rows& list = RowsOf(folder);
     const int row = int(list.nodes.size());
-    model->beginInsertRows(folder, row, row);
-    // Linked behind the known last child: no walk along the chain.
-    if (list.nodes.empty())
-        model->nodeFromIndex(folder)->AddChild(node);
-    else
-        list.nodes.back()->AddSibling(node);
     list.nodes.push_back(node);
     list.texts.push_back(GetRusQStr(node->name.c_str()));
     if (!list.first.contains(list.texts.back()))
         list.first.insert(list.texts.back(), row);
-    inside();
-    model->endInsertRows();
+    // The model announces a row by counting its parent's children, one by
+    // one: a batch of rows is counted once.
+    if (batch)
+        inside();
+    else
+        Flush(list, inside);
 }
 
 void MoveRun::RemoveFrom(const QModelIndex& folder, int row, const std::function<void()>& inside) {
     Rows& list = RowsOf(folder);
+    Flush(list);
     const int last = int(list.nodes.size()) - 1;
     if (row < 0 || row > last)
         return;
@@ -92,6 +115,7 @@ void MoveRun::RemoveFrom(const QModelIndex& folder, int row, const std::function
     }
     list.nodes.resize(row);
     list.texts.resize(row);
+    list.linked = list.nodes.size();
     inside();
     model->endRemoveRows();
 }
@@ -204,7 +228,10 @@ void Changedomain(int newDomain, int oldDomain, void* tag, MoveRun* run) {
             DcICCPBase* old = ListOb(*oldVars, at);
             if (dataSetNumber > 0)
                 run->RemoveRef(DataSetOf(oldOwner, dataSetNumber), old);
-            oldVars->Delete(at);
+            // With needemit the destructor takes the entry out, finding it
+            // by name; a search by pointer after it would cost a walk.
+            if (!old || !needemit || old->OwnerOb() != oldOwner)
+                oldVars->Delete(at);
             if (old) {
                 run->ForgetMember(old);
                 delete old;

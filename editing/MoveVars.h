@@ -24,7 +24,13 @@ class myNode;
 // no search of the whole tree or of every data set per variable.
 class MoveRun {
 public:
-    explicit MoveRun(IEDTreeModel* model) : model(model) {}
+    // With batch, the rows appended to a folder are announced together, when
+    // the folder next loses rows or the run ends; meanwhile they count as
+    // there for RowOf.
+    explicit MoveRun(IEDTreeModel* model, bool batch = false) : model(model), batch(batch) {}
+    ~MoveRun();
+    MoveRun(const MoveRun&) = delete;
+    MoveRun& operator=(const MoveRun&) = delete;
 
     // The owner's "Переменные" row; invalid when it has none.
     QModelIndex Folder(DcICCPBase* owner);
@@ -49,14 +55,19 @@ public:
 
 private:
     struct Rows {
-        std::vector<myNode*> nodes;
+        QPersistentModelIndex folder;
+        std::vector<myNode*> nodes; // the children, then the ones to come
         std::vector<QString> texts;
         QHash<QString, int> first; // text -> first row showing it
+        size_t linked = 0;         // nodes in the tree
     };
     Rows& RowsOf(const QModelIndex& folder);
+    // Links and announces the rows to come; inside runs before the end.
+    void Flush(Rows& list, const std::function<void()>& inside = {});
     void CountMembers();
 
     IEDTreeModel* model;
+    bool batch;
     QHash<DcICCPBase*, QPersistentModelIndex> folders;
     QHash<myNode*, Rows> rows;
     bool counted = false;

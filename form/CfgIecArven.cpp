@@ -139,6 +139,7 @@ CfgArvenSR::CfgArvenSR(QWidget* parent) : QDialog(parent, Qt::WindowFlags()) {
             SLOT(OnItemDoubleClicked(QListWidgetItem*)));
     FirstShow = true;
     MenuIed->addAction(actDelOb);
+    AddRenameAct();
 
     // Each filter lives as a child of its view.
     QList<QWidget*> filtered;

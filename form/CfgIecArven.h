@@ -214,6 +214,21 @@ public:
     // A row in the tree for a variable made from the tags.
     void Tags2TaseTree(QList<void*> tags, int isDO, DcICCPBase* var);
 
+    // Renaming: each routine carries a new name through the copies that its
+    // kind of object has; oldFull and newFull come back as the full names.
+    QAction* actRename = nullptr; // "Переименовать" in the tVIed menu, key F2
+    void AddRenameAct();
+    void RenameDA1(std::string oldName, DcICCPBase* ob, std::string& oldFull,
+                   std::string& newFull);
+    void RenameDO(std::string oldName, class DcDO* ob, std::string& oldFull, std::string& newFull);
+    void RenameLD(std::string oldName, QModelIndex index, class DcLD* ld);
+    void RenameDS(std::string oldName, QModelIndex index, class DcDataSet* ds);
+    void CorrTagAfterRenDA(std::string& oldFull, std::string& newFull);
+    void CorrTagAfterRenDO(std::string& oldFull, std::string& newFull);
+    // Kept without a caller.
+    void RenameVCC(std::string oldName, QModelIndex index, class DcVCC* vcc);
+    void RenameDA(std::string oldName, class DcDA* da);
+
     // Moving and bulk change.
     // The members of the content list go to data set newDs, a 0-based
     // position, of the same owner; their tags take newDs.
@@ -286,6 +301,8 @@ public slots:
     // A command variable, with its SBO twin, added to the ICC of the current
     // tree row.
     void OnAcmd();
+    // Renames the object of the current row of tVIed to a name asked for.
+    void OnRename();
 
     // Moving and bulk change.
     // "Переместить объект(ы) ": the selected members of the shown data set

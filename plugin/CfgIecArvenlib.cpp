@@ -126,6 +126,11 @@ void* CfgFormGet(void* host, void* line, void* unit, void* tag) {
         FCfgArvenSR->CurUnit = RecvUnit;
         FCfgArvenSR->lW_iedsInit();
     }
+    // The tags by key start from the unit's own at every call, so that a
+    // rename finds the tags of the variables it renames.
+    FCfgArvenSR->pListTag->Clear();
+    int maxNoname = 0;
+    FCfgArvenSR->FillListBTag(RecvUnit, maxNoname);
     FCfgArvenSR->exec();
     return FCfgArvenSR;
 }

@@ -22,6 +22,24 @@ inline DcICCPBase* Var(const StringList& vars, const std::string& name) {
     return ListOb(vars, vars.IndexOf(name));
 }
 
+// The variable bound to tag, in list.
+inline DcICCPBase* VarOfTag(const StringList& list, const void* tag) {
+    for (int i = 0; i < list.Count; ++i)
+        if (ListOb(list, i) && ListOb(list, i)->BoundTag == tag)
+            return ListOb(list, i);
+    return nullptr;
+}
+
+// The row of ob under a "Переменные" folder, not one of its member rows.
+inline QModelIndex VarRow(const QAbstractItemModel& model, DcICCPBase* ob) {
+    for (const QModelIndex& hit :
+         model.match(model.index(0, 0), Qt::UserRole, QVariant::fromValue(static_cast<void*>(ob)),
+                     -1, Qt::MatchRecursive | Qt::MatchWrap))
+        if (hit.parent().data().toString() == "Переменные")
+            return hit;
+    return QModelIndex();
+}
+
 // The first row of the model, at any depth, that carries ob.
 inline QModelIndex RowOf(const QAbstractItemModel& model, void* ob) {
     return model

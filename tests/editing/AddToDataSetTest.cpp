@@ -17,25 +17,6 @@
 
 namespace {
 
-// The variable bound to tag, in list.
-DcICCPBase* VarOfTag(StringList& list, HostObject* tag) {
-    for (int i = 0; i < list.Count; ++i)
-        if (ListOb(list, i)->BoundTag == tag)
-            return ListOb(list, i);
-    return nullptr;
-}
-
-// The row of ob under a "Переменные" folder, not one of its member rows.
-QModelIndex VarRow(CfgArvenSR* f, DcICCPBase* ob) {
-    IEDTreeModel* m = f->pTreeIedModel;
-    for (const QModelIndex& hit :
-         m->match(m->index(0, 0), Qt::UserRole, QVariant::fromValue(static_cast<void*>(ob)), -1,
-                  Qt::MatchRecursive | Qt::MatchWrap))
-        if (hit.parent().data().toString() == "Переменные")
-            return hit;
-    return QModelIndex();
-}
-
 // Makes the rows current and selected, whole rows.
 void Select(CfgArvenSR* f, const QModelIndexList& rows) {
     f->tVIed->selectionModel()->clear();
@@ -96,7 +77,7 @@ TEST_F(AddToDataSet, VariableJoinsTheChosenSetAndItsTagKeepsTheNumber) {
         const QString refBefore = q1->refDSRT;
         DcDataSet* set = DataSetOf(ICC(1)->DataSets, 2);
         ASSERT_NE(set, nullptr);
-        const QModelIndex row = VarRow(f, q1);
+        const QModelIndex row = VarRow(*f->pTreeIedModel, q1);
         ASSERT_TRUE(row.isValid());
         for (int i = 0; i < f->lWInfo->count(); ++i)
             if (f->lWInfo->item(i)->text() == "ICC_1/DataSet_2")
@@ -168,7 +149,7 @@ TEST_F(AddToDataSet, VariableWithoutTagJoinsTheVccSet) {
         // Through the tool bar's action, answered by a double click.
         ChoiceScript script({0});
         script.doubleClick = true;
-        Select(f, {VarRow(f, version)});
+        Select(f, {VarRow(*f->pTreeIedModel, version)});
         f->actAdd2DS->setEnabled(true);
         f->actAdd2DS->trigger();
         EXPECT_EQ(script.shows, 1);
@@ -185,7 +166,7 @@ TEST_F(AddToDataSet, OnlyVariablesOfOneFolderAreTaken) {
         DcICCPBase* q1 = VarOfTag(ICC(1)->Vars, p.tagState);
         DcICCPBase* version = ListOb(pVCC->Vars, pVCC->Vars.IndexOf("TASE2_Version"));
         ChoiceScript script({0});
-        const QModelIndex q1Row = VarRow(f, q1);
+        const QModelIndex q1Row = VarRow(*f->pTreeIedModel, q1);
 
         // A folder row, an ICC row, a member row of a data set: nothing.
         IEDTreeModel* m = f->pTreeIedModel;
@@ -202,7 +183,7 @@ TEST_F(AddToDataSet, OnlyVariablesOfOneFolderAreTaken) {
             f->OnAddOb2DS();
         }
         // Two parents: told, with no dialog.
-        Select(f, {q1Row, VarRow(f, version)});
+        Select(f, {q1Row, VarRow(*f->pTreeIedModel, version)});
         f->OnAddOb2DS();
         QApplication::processEvents();
         EXPECT_EQ(script.shows, 0);

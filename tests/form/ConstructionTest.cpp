@@ -84,7 +84,7 @@ TEST_F(FormBuilt, BarsMenusAndActions) {
     // Context menus.
     EXPECT_EQ(Texts(f->MenuIed->actions()),
               QStringList({"-", "-", "-", "Тип объекта", "Найти в тегах",
-                           "Добавить объект в DataSet", "Удалить Объект"}));
+                           "Добавить объект в DataSet", "Удалить Объект", "Переименовать"}));
     EXPECT_EQ(Texts(f->MenuTags->actions()),
               QStringList({"Удалить теги(папки)", "Создать папку", "Найти в дереве устройства"}));
     EXPECT_EQ(Texts(f->lWInfo_2->actions()),

@@ -1,0 +1,102 @@
+// Renaming in the model tree, by F2 and by the context menu: the new name in
+// the object, its row, the data set keys, the tags' keys and the set list.
+#include "common/FormFixture.h"
+#include "common/ModelLookup.h"
+
+#include "form/CfgIecArven.h"
+#include "support/myNode.h"
+#include "views/SomeModelsIED.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QInputDialog>
+#include <QTest>
+#include <QTimer>
+
+namespace {
+
+// Answers the next name question with text, or cancels it for a null text;
+// checks what the question shows.
+void AnswerName(const QString& text, const QString& shown) {
+    auto timer = new QTimer;
+    QObject::connect(timer, &QTimer::timeout, [timer, text, shown] {
+        auto dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+        if (!dialog)
+            return;
+        EXPECT_EQ(dialog->windowTitle() + "|" + dialog->labelText() + "|" + dialog->textValue(),
+                  "Переименование|Введите новое имя|" + shown);
+        dialog->setTextValue(text);
+        timer->stop();
+        timer->deleteLater();
+        text.isNull() ? dialog->reject() : dialog->accept();
+    });
+    timer->start(10);
+}
+
+} // namespace
+
+using Rename = FormTest;
+
+TEST_F(Rename, NamesReachTheirCopiesAndNoFurther) {
+    // Bound tags: their keys are the variables' full names.
+    for (auto [tag, icc] : {std::pair(p.tagState, "ICC_1/Q1_"), std::pair(p.tagPass, "ICC_2/P_")})
+        tag->set("tag_id", icc + tag->get("number").toString());
+    OpenForm(p.unit, [&](CfgArvenSR* f) {
+        IEDTreeModel& tree = *f->pTreeIedModel;
+        DcICCPBase* q1 = VarOfTag(ICC(1)->Vars, p.tagState);
+        ASSERT_NE(q1, nullptr);
+        const std::string old = q1->name;
+        ASSERT_EQ(p.tagState->get("tag_id").toString(), QString::fromStdString("ICC_1/" + old));
+        f->tVIed->setCurrentIndex(VarRow(tree, q1));
+        AnswerName(QString(), QString::fromStdString(old));
+        f->actRename->trigger();
+        EXPECT_EQ(q1->name, old);
+
+        // Set keys follow the sets named in the run-time references.
+        q1->refDSRT = "ICC_1/DataSet_1;";
+        AnswerName("Breaker", QString::fromStdString(old));
+        QApplication::setActiveWindow(f);
+        f->tVIed->setFocus();
+        QTest::keyClick(f->tVIed, Qt::Key_F2);
+        EXPECT_EQ(VarRow(tree, q1).data().toString(), "Breaker");
+        StringList& members = DataSetOf(ICC(1)->DataSets, 1)->Elems;
+        EXPECT_GE(members.IndexOf("ICC_1/Breaker"), 0);
+        EXPECT_EQ(p.tagState->get("tag_id").toString(), "ICC_1/Breaker");
+        EXPECT_EQ(Var(ICC(1)->Vars, old), q1); // the owner's key stays
+
+        // An ICC: the keys are cut at the old name's length and the list of
+        // data sets shows the new name.
+        f->tVIed->setCurrentIndex(RowOf(tree, ICC(1)));
+        AnswerName("North", "ICC_1");
+        f->actRename->trigger();
+        EXPECT_GE(members.IndexOf("North/Breaker"), 0);
+        EXPECT_EQ(p.tagState->get("tag_id").toString(), "North/Breaker");
+        EXPECT_EQ(f->lWInfo->findItems("North/DataSet_1", Qt::MatchExactly).size(), 1);
+
+        // A structure: its tag follows the first rename only, since the tag
+        // list keeps the key it had.
+        DcICCPBase* p1 = VarOfTag(ICC(2)->Vars, p.tagPass);
+        ASSERT_NE(p1, nullptr);
+        f->tVIed->setCurrentIndex(VarRow(tree, p1));
+        AnswerName("P2", QString::fromStdString(p1->name));
+        f->actRename->trigger();
+        EXPECT_EQ(p.tagPass->get("tag_id").toString(), "ICC_2/P2");
+        AnswerName("P3", "P2");
+        f->actRename->trigger();
+        EXPECT_EQ(p1->name, "P3");
+        EXPECT_EQ(p.tagPass->get("tag_id").toString(), "ICC_2/P2");
+
+        // A structure's members can't be renamed; a folder row is passed over.
+        auto version = qobject_cast<DcDO*>(Var(pVCC->Vars, "TASE2_Version"));
+        ASSERT_NE(version, nullptr);
+        f->tVIed->setCurrentIndex(RowOf(tree, ListOb(version->Members, 0)));
+        f->actRename->trigger();
+        f->tVIed->setCurrentIndex(VarRow(tree, p1).parent());
+        f->actRename->trigger();
+        EXPECT_EQ(BoxTexts(),
+                  QStringList("Предупреждение|Переименование переменных объекта невозможно"));
+    });
+    const QByteArray xml = Datarun(p.unit);
+    EXPECT_TRUE(xml.contains("<DcLD  name = \"North\" desc=\"\" > \n"));
+    EXPECT_TRUE(xml.contains("<ElemDS name=\"North/Breaker\" /> \n"));
+}

@@ -5,8 +5,10 @@
 #include "plugin/CfgIecArvenlib.h"
 #include "plugin/HostTitles.h"
 #include "plugin/cfgCalls.h"
+#include "views/PropDelegate.h"
 #include "views/PropDelegates.h"
 #include "views/PropModel.h"
+#include "views/PropTreeModel.h"
 #include "views/SomeModelsIED.h"
 #include "views/UnitTagsModel.h"
 
@@ -84,6 +86,9 @@ CfgArvenSR::CfgArvenSR(QWidget* parent) : QDialog(parent, Qt::WindowFlags()) {
 
     pListTag = new StringList;
     pTagsModel = new UnitTagsModel(this);
+    pPropTree = new PropTreeModel(this);
+    connect(pPropTree, SIGNAL(ShowError(int, QString)), this, SLOT(ShowError(int, QString)));
+    pPropDeleg = new PropDelegate(this);
     pTreeIedModel = new IEDTreeModel(this);
     // A drag from the model tree reports its count on the status bar.
     connect(pTreeIedModel, SIGNAL(sigShowStat(QString)), this, SLOT(slotShowStat(QString)));
@@ -305,6 +310,7 @@ void CfgArvenSR::FillEditAct() {
 }
 
 void CfgArvenSR::ConcludeConstructor() {
+    tVProp->setItemDelegate(pPropDeleg);
     // Read as every opening of a unit reads it; the form has no use for it.
     cfgParamValue complete = {};
     cfgPropGet(RecvUnit, "sclcomplete", &complete);
@@ -315,15 +321,18 @@ void CfgArvenSR::ConcludeConstructor() {
 void CfgArvenSR::lW_iedsInit() {
     lW_ieds->clear();
     // Only the first unit of the owner is listed, whichever unit was passed.
-    if (cfgObChildCount(pCfgDirect, cotUnit) < 1)
-        return;
-    void* unit = cfgObChild(pCfgDirect, cotUnit, 0);
-    if (!unit)
-        return;
-    auto item = new QListWidgetItem(GetTitle(unit), lW_ieds);
-    item->setData(Qt::UserRole, QVariant::fromValue(unit));
-    if (unit == RecvUnit)
-        lW_ieds->setCurrentRow(0);
+    void* unit =
+        cfgObChildCount(pCfgDirect, cotUnit) >= 1 ? cfgObChild(pCfgDirect, cotUnit, 0) : nullptr;
+    if (unit) {
+        auto item = new QListWidgetItem(GetTitle(unit), lW_ieds);
+        item->setData(Qt::UserRole, QVariant::fromValue(unit));
+        if (unit == RecvUnit)
+            lW_ieds->setCurrentRow(0);
+    }
+    // Made again at every call, without a check: after n calls an edit
+    // reaches OnExtUpd n times.
+    connect(pPropTree, SIGNAL(UpdPropData(void*)), this, SLOT(OnExtUpd(void*)),
+            Qt::DirectConnection);
 }
 
 void CfgArvenSR::SetEAena() {
@@ -356,6 +365,10 @@ void CfgArvenSR::OnContMenuVIed(const QPoint& pos) {
 
 void CfgArvenSR::slotShowStat(QString text) {
     statusBar->showMessage(text);
+}
+
+void CfgArvenSR::ShowError(int, QString caption) {
+    statusBar->showMessage("Значение не принято: " + caption);
 }
 
 void CfgArvenSR::onFilterAct(QObject* ob) {

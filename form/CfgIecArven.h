@@ -62,6 +62,8 @@ public:
     IEDTreeModel* pTreeIedModel = nullptr;
     int IedCol0 = 0, IedCol1 = 0; // widths of the tVIed columns
     UnitTagsModel* pTagsModel = nullptr;
+    class PropTreeModel* pPropTree = nullptr; // model of tVProp
+    class PropDelegate* pPropDeleg = nullptr; // editors of tVProp
     PropDelegateDcDA* pDelegDcDA = nullptr;
     PropDelegate4Desc* pDelegDesc = nullptr;
     PropICCPModel* pPropIccp = nullptr;
@@ -266,6 +268,7 @@ public slots:
     void slotShowType();
     // A property of the host object node was edited.
     void OnExtUpd(void* node);
+    void ShowError(int code, QString caption); // a value refused by the host, on the status bar
     // A drop on the member list: the dragged variables join the current set.
     void slotOnRecvData();
 

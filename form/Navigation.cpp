@@ -11,6 +11,7 @@
 #include "support/StrUtils.h"
 #include "support/myNode.h"
 #include "views/PropModel.h"
+#include "views/PropTreeModel.h"
 #include "views/SomeModelsIED.h"
 #include "views/UnitTagsModel.h"
 
@@ -101,9 +102,17 @@ void CfgArvenSR::SetTagModeView(QAction* action) {
 
 void CfgArvenSR::OntVTagsClick(const QModelIndex& index) {
     statusBar->clearMessage();
+    // No sort proxy is made: the index is the tag model's own.
+    void* node = index.isValid() ? index.data(Qt::UserRole).value<void*>() : nullptr;
     // A click beside the rows leaves the property pane empty.
-    if (!index.isValid() || !index.data(Qt::UserRole).value<void*>())
+    if (!node) {
         tVProp->setModel(nullptr);
+        return;
+    }
+    pPropTree->setRootNode(node);
+    tVProp->setModel(pPropTree);
+    tVProp->header()->setSectionResizeMode(QHeaderView::Stretch);
+    tVProp->expandAll();
 }
 
 void CfgArvenSR::SetPropModel(void* ob) {
@@ -111,6 +120,8 @@ void CfgArvenSR::SetPropModel(void* ob) {
         tVProp->setModel(nullptr);
         return;
     }
+    pPropTree->setRootNode(ob);
+    tVProp->setModel(pPropTree);
     // A cell opens its editor as soon as it becomes current.
     tVProp->setSelectionBehavior(QAbstractItemView::SelectItems);
     tVProp->setSelectionMode(QAbstractItemView::SingleSelection);

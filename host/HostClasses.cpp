@@ -134,6 +134,8 @@ QList<HostParam> UnitParams() {
               QByteArray("1=" + QByteArray::number(hostMaxDS))),
         Param("ied_name", cptText, "Имя VCC", QByteArray("VCC")),
         Param("ied_addr", cptText, "IP-адрес сервера", QByteArray()),
+        Param("ied_port", cptInt, "TCP-порт сервера", 102, 0, QByteArray(), "1=65535"),
+        Param("assocTimeout", cptDouble, "Тайм-аут ассоциации, с", 30.0),
         Param("ied_icd", cptText, "Файл описания", QByteArray()),
         Param("sclcomplete", cptBool, "Модель сформирована", false, ReadOnly),
         Param("$DATARUN", cptText, "Модель ICCP", QByteArray(), ReadOnly | Hidden),

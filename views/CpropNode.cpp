@@ -54,15 +54,19 @@ void CpropNode::InspectDepend() {
 }
 
 void CpropNode::CreateDependFields(void* ob, CpropNode* node, int* seen, QString value) {
+    if (!node)
+        return;
     qDeleteAll(node->children);
     node->children.clear();
+    const int count = cfgPropCount(ob);
     for (int i = 0; i < node->dependCount; ++i) {
         const AddDescNode& record = node->depend[i];
         if (record.key[0]) {
             const int index = cfgPropIndex(ob, record.key);
             if (index < 0)
                 continue;
-            seen[index] = 1;
+            if (seen && index < count)
+                seen[index] = 1;
         }
         if (QString::fromUtf8(record.group) != value)
             continue;
@@ -118,6 +122,8 @@ void TakeDesc(CpropNode* node, const AddDescNode* desc) {
 }
 
 uint8_t FillCpropNode(CpropNode* node, const ParamRef& ref, void* ob, const AddDescNode* desc) {
+    if (!node)
+        return 0;
     const QByteArray key = ref.name ? QByteArray(ref.name) : node->key.toUtf8();
     const int kind = cfgObType(ob);
     if (kind == cotDirect || kind == cotProject) {
@@ -175,6 +181,8 @@ uint8_t FillCpropNode2Idx(CpropNode* node, int index, void* ob, const AddDescNod
 }
 
 bool SetPropFromQString(void* ob, const char* key, CpropNode* node, TCfgPropType type) {
+    if (!node)
+        return false;
     QString text = node->value.trimmed();
     if (!node->enumList.isEmpty())
         text = node->GetKeyByVal(text);

@@ -139,7 +139,7 @@ void PropTreeModel::setRootNode(void* object) {
 
 void PropTreeModel::CreateDependFields4setData(void* object, CpropNode* node,
                                                const QModelIndex& index) {
-    if (node->key != "procType" && node->caption != "Тип обработки")
+    if (!node || (node->key != "procType" && node->caption != "Тип обработки"))
         return;
     node->InspectDepend();
     const QModelIndex row = index.sibling(index.row(), 0);

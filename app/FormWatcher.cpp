@@ -3,11 +3,21 @@
 #include "app/RunTimer.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QPixmap>
 #include <QPushButton>
 #include <cstdio>
+
+namespace {
+
+// The form's tag check and the object name of the list it shows.
+const char* const CheckAction = "Корректность тегов";
+const char* const CheckDialog = "DMessTreeDev";
+
+} // namespace
 
 FormWatcher::FormWatcher(bool closeForm, const QString& screenshot, RunTimer* timer)
     : m_closeForm(closeForm), m_screenshot(screenshot), m_runTimer(timer) {
@@ -34,7 +44,12 @@ void FormWatcher::poll() {
         return;
     auto box = qobject_cast<QMessageBox*>(modal);
     if (!box) {
-        handleForm(modal);
+        // While the check runs the form is still the modal widget under its
+        // dialog.
+        if (!m_checking)
+            handleForm(modal);
+        else if (modal->objectName() == CheckDialog)
+            m_checkRows = CancelListDialog(modal);
         return;
     }
     if (!m_closeForm)
@@ -67,6 +82,27 @@ void FormWatcher::handleForm(QWidget* form) {
     }
     if (m_error.isEmpty() && !m_screenshot.isEmpty() && !pictured->grab().save(m_screenshot, "PNG"))
         m_error = m_screenshot + ": the picture could not be written";
+    if (m_error.isEmpty() && m_check)
+        runCheck(form);
     if (m_closeForm)
         form->close();
+}
+
+void FormWatcher::runCheck(QWidget* form) {
+    // The command checks the unit that is current in the form's unit list.
+    auto units = form->findChild<QListWidget*>("lW_ieds");
+    if (units && !units->currentItem()) {
+        m_error = "the form shows no current unit, so nothing was checked";
+        return;
+    }
+    QAction* action = FindActionByText(form, CheckAction);
+    if (!action || !action->isEnabled()) {
+        m_error = QString("the form has no command \"%1\" to run").arg(CheckAction);
+        return;
+    }
+    m_checking = true;
+    m_timer.start();
+    action->trigger();
+    m_timer.stop();
+    m_checking = false;
 }

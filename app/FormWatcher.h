@@ -1,6 +1,6 @@
 // Watches for the plug-in's modal form from inside its event loop: takes a
-// screenshot once it is shown, and on a headless run closes it, answering
-// any message box on the way.
+// screenshot once it is shown, runs the form's tag check when asked, and on
+// a headless run closes it, answering any message box on the way.
 #pragma once
 
 #include "app/UiSteps.h"
@@ -8,6 +8,7 @@
 #include <QList>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 #include <QTimer>
 
 class QWidget;
@@ -26,16 +27,22 @@ public:
     // widget pictured instead of the whole form.
     void setPicture(const QList<UiStep>& steps, const QString& widget);
     void stop();
+    // Once the form is shown, its command "Корректность тегов" runs; the
+    // list that it shows is read and cancelled, so nothing is deleted.
+    void setCheck(bool check) { m_check = check; }
 
     bool formSeen() const { return m_formSeen; }
     // Empty, or why a step or the screenshot failed.
     const QString& error() const { return m_error; }
+    // The rows that the check listed; empty when everything fits.
+    const QStringList& checkRows() const { return m_checkRows; }
 
 private slots:
     void poll();
 
 private:
     void handleForm(QWidget* form);
+    void runCheck(QWidget* form);
 
     QTimer m_timer;
     bool m_closeForm;
@@ -45,4 +52,7 @@ private:
     QList<UiStep> m_steps;
     QString m_pictured;
     QString m_error;
+    bool m_check = false;
+    bool m_checking = false; // inside the command, its dialog awaited
+    QStringList m_checkRows;
 };

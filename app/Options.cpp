@@ -4,6 +4,7 @@ const char* const hostUsage =
     "usage: iccp-host [PROJECT.json] [--unit N] [--headless] [--print-datarun]\n"
     "                 [--screenshot FILE.png] [--plugin PATH] [--timing]\n"
     "                 [--expand VIEW] [--click VIEW:TEXT] [--screenshot-of NAME]\n"
+    "                 [--check]\n"
     "\n"
     "Opens the ICCP server configuration form for one unit of a host project.\n"
     "  PROJECT.json          project of the stand-in host, saved back after the form\n"
@@ -22,7 +23,11 @@ const char* const hostUsage =
     "  --timing              print to stderr the seconds of the project's load, the\n"
     "                        form's opening (call to first paint) and closing (close\n"
     "                        event to return, $DATARUN included), the save and the\n"
-    "                        teardown, and the peak memory\n";
+    "                        teardown, and the peak memory\n"
+    "  --check               headless, runs the form's \"Корректность тегов\", prints\n"
+    "                        one line for each tag or variable that does not fit and\n"
+    "                        answers Cancel; the project file is not written. Exit\n"
+    "                        status 0 all fits, 1 something does not, 2 no check ran\n";
 
 bool ParseOptions(const QStringList& args, HostOptions& options, QString& error) {
     for (int i = 0; i < args.size(); ++i) {
@@ -62,6 +67,8 @@ bool ParseOptions(const QStringList& args, HostOptions& options, QString& error)
             options.headless = true;
         } else if (arg == "--timing") {
             options.timing = true;
+        } else if (arg == "--check") {
+            options.check = true;
         } else if (arg == "--print-datarun") {
             options.printDatarun = true;
         } else if (arg == "-h" || arg == "--help") {

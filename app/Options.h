@@ -13,6 +13,7 @@ struct HostOptions {
     bool headless = false;
     bool printDatarun = false;
     bool timing = false;
+    bool check = false; // run "Корректность тегов" headless and report
     QString screenshot;
     QString screenshotOf; // object name of the widget pictured; empty: the form
     QList<UiStep> steps;  // taken on the shown form, in order

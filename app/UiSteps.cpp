@@ -1,8 +1,12 @@
 #include "app/UiSteps.h"
 
 #include <QAbstractItemView>
+#include <QAction>
 #include <QApplication>
+#include <QDialogButtonBox>
+#include <QListWidget>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QTreeView>
 
 bool ParseClickStep(const QString& arg, UiStep& step) {
@@ -56,4 +60,25 @@ QString RunUiSteps(QWidget* form, const QList<UiStep>& steps) {
         QApplication::processEvents();
     }
     return QString();
+}
+
+QAction* FindActionByText(QWidget* form, const QString& text) {
+    for (QAction* action : form->findChildren<QAction*>())
+        if (action->text() == text)
+            return action;
+    return nullptr;
+}
+
+QStringList CancelListDialog(QWidget* dialog) {
+    QStringList rows;
+    if (auto list = dialog->findChild<QListWidget*>())
+        for (int i = 0; i < list->count(); ++i)
+            rows << list->item(i)->text();
+    auto buttons = dialog->findChild<QDialogButtonBox*>();
+    QPushButton* cancel = buttons ? buttons->button(QDialogButtonBox::Cancel) : nullptr;
+    if (cancel)
+        cancel->click();
+    else
+        dialog->close();
+    return rows;
 }

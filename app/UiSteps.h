@@ -6,7 +6,9 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
+class QAction;
 class QWidget;
 
 struct UiStep {
@@ -20,3 +22,10 @@ struct UiStep {
 bool ParseClickStep(const QString& arg, UiStep& step);
 // Runs the steps in order; empty, or why a step could not be taken.
 QString RunUiSteps(QWidget* form, const QList<UiStep>& steps);
+
+// The action below the form that shows this text, menus included; null for
+// none.
+QAction* FindActionByText(QWidget* form, const QString& text);
+// The rows of the dialog's list, after which the dialog is answered with its
+// Cancel button.
+QStringList CancelListDialog(QWidget* dialog);

@@ -5,6 +5,7 @@
 #include "app/Options.h"
 #include "app/PluginLoader.h"
 #include "app/RunTimer.h"
+#include "app/TagCheck.h"
 #include "host/DemoProject.h"
 #include "host/ProjectFile.h"
 
@@ -13,9 +14,11 @@
 
 namespace {
 
-int Fail(const QString& message) {
+// A run that could not be made ends with 1; a check that could not be made
+// with 2, apart from the 1 of a check that found something.
+int Fail(const QString& message, const HostOptions& options) {
     fprintf(stderr, "iccp-host: %s\n", qPrintable(message));
-    return 1;
+    return options.check ? 2 : 1;
 }
 
 void PrintDatarun(HostObject* unit) {
@@ -42,6 +45,7 @@ int main(int argc, char** argv) {
         fputs(hostUsage, stdout);
         return 0;
     }
+    options.headless = options.headless || options.check;
     // A platform named by the caller stands, so that a headless run can be
     // pictured on a virtual display.
     if (options.headless && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
@@ -54,23 +58,24 @@ int main(int argc, char** argv) {
     if (options.project.isEmpty())
         BuildDemoProject(project);
     else if (!LoadProject(project, options.project, &error))
-        return Fail(error);
+        return Fail(error, options);
     timer.mark(RunTimer::LoadEnd);
 
     HostObject* line = project.findFirst(cotLine);
     if (!line)
-        return Fail("the project has no line");
+        return Fail("the project has no line", options);
     const QList<HostObject*> units = line->owner()->children(cotUnit);
     if (options.unit >= units.size())
         return Fail(QString("the direction of the first line has %1 unit(s); there is no unit %2")
                         .arg(units.size())
-                        .arg(options.unit));
+                        .arg(options.unit),
+                    options);
     HostObject* unit = units[options.unit];
 
     PluginLoader plugin;
     const QString path = options.plugin.isEmpty() ? QString(ICCP_DEFAULT_PLUGIN) : options.plugin;
     if (!plugin.load(path, &error))
-        return Fail(error);
+        return Fail(error, options);
     uint64_t major = 0, minor = 0, build = 0;
     const char* author = nullptr;
     plugin.version(&major, &minor, &build, nullptr, &author);
@@ -80,6 +85,7 @@ int main(int argc, char** argv) {
 
     FormWatcher watcher(options.headless, options.screenshot, options.timing ? &timer : nullptr);
     watcher.setPicture(options.steps, options.screenshotOf);
+    watcher.setCheck(options.check);
     if (options.headless || !options.screenshot.isEmpty() || options.timing ||
         !options.steps.isEmpty())
         watcher.start();
@@ -91,20 +97,29 @@ int main(int argc, char** argv) {
     watcher.stop();
 
     timer.mark(RunTimer::SaveStart);
-    if (!options.project.isEmpty() && !SaveProject(project, options.project, &error))
-        return Fail(error);
+    // A check leaves the project file as it was.
+    if (!options.check && !options.project.isEmpty() &&
+        !SaveProject(project, options.project, &error))
+        return Fail(error, options);
     timer.mark(RunTimer::SaveEnd);
     if (options.printDatarun)
         PrintDatarun(unit);
     if (!options.screenshot.isEmpty() && !watcher.formSeen())
         fprintf(stderr, "iccp-host: no form was shown, so no screenshot was taken\n");
     if (!watcher.error().isEmpty())
-        return Fail(watcher.error());
+        return Fail(watcher.error(), options);
+    if (options.check && !watcher.formSeen())
+        return Fail("no form was shown, so nothing was checked", options);
+    const QStringList misfits =
+        options.check ? DescribeCheckRows(unit, watcher.checkRows()) : QStringList();
+    for (const QString& line : misfits)
+        fprintf(stdout, "%s\n", line.toUtf8().constData());
+    fflush(stdout);
     if (options.timing) {
         timer.mark(RunTimer::TeardownStart);
         project.clear();
         timer.mark(RunTimer::TeardownEnd);
         timer.report();
     }
-    return 0;
+    return misfits.isEmpty() ? 0 : 1;
 }

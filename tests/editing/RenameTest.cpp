@@ -86,6 +86,22 @@ TEST_F(Rename, NamesReachTheirCopiesAndNoFurther) {
         EXPECT_EQ(p1->name, "P3");
         EXPECT_EQ(p.tagPass->get("tag_id").toString(), "ICC_2/P2");
 
+        // A data set changes its row in the set list; a transfer set its name
+        // and row only; the VCC its unit's "ied_name".
+        f->tVIed->setCurrentIndex(RowOf(tree, DataSetOf(ICC(2)->DataSets, 1)));
+        AnswerName("Fast", "DataSet_1");
+        f->actRename->trigger();
+        EXPECT_EQ(f->lWInfo->findItems("ICC_2/Fast", Qt::MatchExactly).size(), 1);
+        DcICCPBase* trSet = ListOb(ICC(2)->TransSets, 0);
+        f->tVIed->setCurrentIndex(RowOf(tree, trSet));
+        AnswerName("TS", QString::fromStdString(trSet->name));
+        f->actRename->trigger();
+        EXPECT_EQ(RowOf(tree, trSet).data().toString(), "TS");
+        f->tVIed->setCurrentIndex(RowOf(tree, pVCC));
+        AnswerName("Centre", QString::fromStdString(pVCC->name));
+        f->actRename->trigger();
+        EXPECT_EQ(p.unit->get("ied_name").toString(), "Centre");
+
         // A structure's members can't be renamed; a folder row is passed over.
         auto version = qobject_cast<DcDO*>(Var(pVCC->Vars, "TASE2_Version"));
         ASSERT_NE(version, nullptr);

@@ -48,13 +48,8 @@ IEDTreeModel::IEDTreeModel(QObject* parent)
 }
 
 void IEDTreeModel::forgetRows() {
-    m_lastParent = nullptr;
-    m_lastChild = nullptr;
-    m_lastRow = -1;
-    m_rowOfChild = nullptr;
-    m_rowOf = -1;
-    m_countParent = nullptr;
-    m_count = 0;
+    m_children.clear();
+    m_rowOf.clear();
 }
 
 void IEDTreeModel::endInsertRows() {
@@ -72,33 +67,27 @@ void IEDTreeModel::endResetModel() {
     QAbstractItemModel::endResetModel();
 }
 
+const std::vector<myNode*>& IEDTreeModel::childrenOf(myNode* node) const {
+    auto found = m_children.find(node);
+    if (found != m_children.end())
+        return found->second;
+    std::vector<myNode*> rows;
+    for (myNode* child = node->FirstChild; child; child = child->Next) {
+        m_rowOf[child] = int(rows.size());
+        rows.push_back(child);
+    }
+    return m_children.emplace(node, std::move(rows)).first->second;
+}
+
 myNode* IEDTreeModel::childAt(myNode* node, int row) const {
-    if (row < 0)
-        return nullptr;
-    myNode* child = node->FirstChild;
-    int at = 0;
-    if (node == m_lastParent && row >= m_lastRow) {
-        child = m_lastChild;
-        at = m_lastRow;
-    }
-    for (; child && at < row; ++at)
-        child = child->Next;
-    if (child) {
-        m_lastParent = node;
-        m_lastChild = child;
-        m_lastRow = row;
-    }
-    return child;
+    const std::vector<myNode*>& rows = childrenOf(node);
+    return row >= 0 && row < int(rows.size()) ? rows[size_t(row)] : nullptr;
 }
 
 int IEDTreeModel::rowOf(myNode* child) const {
-    if (child == m_lastChild)
-        return m_lastRow;
-    if (child != m_rowOfChild) {
-        m_rowOfChild = child;
-        m_rowOf = child->Parent->GetChildRow(child);
-    }
-    return m_rowOf;
+    childrenOf(child->Parent);
+    const auto found = m_rowOf.find(child);
+    return found == m_rowOf.end() ? -1 : found->second;
 }
 
 IEDTreeModel::~IEDTreeModel() {
@@ -145,11 +134,7 @@ int IEDTreeModel::rowCount(const QModelIndex& parent) const {
     myNode* node = nodeFromIndex(parent);
     if (!node)
         return 0;
-    if (node != m_countParent) {
-        m_countParent = node;
-        m_count = node->GetChildCount();
-    }
-    return m_count;
+    return int(childrenOf(node).size());
 }
 
 int IEDTreeModel::columnCount(const QModelIndex&) const {

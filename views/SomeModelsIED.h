@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <QVariant>
 #include <string>
+#include <unordered_map>
+#include <vector>
 
 #include "support/UStringList.h"
 
@@ -84,23 +86,16 @@ private slots:
     void forgetRows();
 
 private:
-    // The child at row of node, and the row of a child of its parent. Rows
-    // are a linked list, and a view reaches them in order: the last row
-    // reached is remembered, so the next one is a step away rather than a
-    // walk from the first child.
+    // Rows are a linked list; a view reaches them by position in any order,
+    // and marking rows one by one sends it to rows far apart. So the
+    // children of each node asked about are read once into an array, with
+    // each child's row, until the rows change.
+    const std::vector<myNode*>& childrenOf(myNode* node) const;
     myNode* childAt(myNode* node, int row) const;
     int rowOf(myNode* child) const;
 
-    mutable const myNode* m_lastParent = nullptr;
-    mutable myNode* m_lastChild = nullptr;
-    mutable int m_lastRow = -1;
-    // The last row asked for by parent(), kept apart so that a view asking
-    // for a row's parent between rows doesn't lose its place.
-    mutable const myNode* m_rowOfChild = nullptr;
-    mutable int m_rowOf = -1;
-    // The last count of children asked for.
-    mutable const myNode* m_countParent = nullptr;
-    mutable int m_count = 0;
+    mutable std::unordered_map<const myNode*, std::vector<myNode*>> m_children;
+    mutable std::unordered_map<const myNode*, int> m_rowOf;
 };
 
 // The nearest row from index upwards whose object is a DcVCC or a DcLD;

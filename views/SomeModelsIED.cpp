@@ -6,6 +6,7 @@
 #include <QIcon>
 #include <QMimeData>
 #include <QPersistentModelIndex>
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 
@@ -26,7 +27,104 @@ bool IsVariable(DcICCPBase* object) {
     return qobject_cast<DcDA*>(object) || qobject_cast<DcDO*>(object);
 }
 
+void CollectSubtree(const myNode* node, QSet<const myNode*>& out) {
+    out.insert(node);
+    for (const myNode* child = node->FirstChild; child; child = child->Next)
+        CollectSubtree(child, out);
+}
+
 } // namespace
+
+// The tree as it stood when a search batch began: each node's rank in a walk
+// of the whole tree and the rank after its subtree, its row then, the
+// children of each node with a Fenwick tree that counts the live ones, and
+// the nodes by display text and by object in the order of the walk.
+struct IEDTreeModel::SearchIndex {
+    struct Place {
+        int rank, end, row;
+        bool removed;
+    };
+    struct Kids {
+        QVector<myNode*> list;
+        QVector<int> live; // Fenwick tree over list, from 1
+    };
+    QHash<const myNode*, Place> places;
+    QHash<const myNode*, Kids> kids; // of the nodes that have children
+    QVector<myNode*> order;          // by rank
+    // Made at the first search, from the nodes not removed by then.
+    QHash<QString, QVector<myNode*>> byText;
+    QHash<const void*, QVector<myNode*>> byObject;
+    bool searchable = false;
+
+    void Add(myNode* node, int row) {
+        const int rank = order.size();
+        order << node;
+        Kids k;
+        for (myNode* child = node->FirstChild; child; child = child->Next)
+            k.list << child;
+        for (int r = 0; r < k.list.size(); ++r)
+            Add(k.list[r], r);
+        if (!k.list.isEmpty()) {
+            k.live.resize(k.list.size() + 1);
+            for (int i = 1; i < k.live.size(); ++i)
+                k.live[i] = i & -i;
+            kids.insert(node, k);
+        }
+        places.insert(node, {rank, int(order.size()), row, false});
+    }
+    void MakeSearchable() {
+        searchable = true;
+        // Rank 0 is the hidden root, which no search meets.
+        for (int rank = 1; rank < order.size(); ++rank) {
+            myNode* node = order[rank];
+            if (!places[node].removed) {
+                byText[QString::fromUtf8(node->name.c_str())] << node;
+                byObject[node->object] << node;
+            }
+        }
+    }
+    // Live children of k before its child number `row` of the start.
+    static int Live(const Kids& k, int row) {
+        int n = 0;
+        for (int i = row; i > 0; i -= i & -i)
+            n += k.live[i];
+        return n;
+    }
+    static myNode* At(const Kids& k, int row) {
+        int pos = 0, rest = row + 1;
+        for (int step = 1 << 30; step; step >>= 1)
+            if (pos + step < k.live.size() && k.live[pos + step] < rest)
+                rest -= k.live[pos += step];
+        return row >= 0 && pos < k.list.size() ? k.list[pos] : nullptr;
+    }
+    // The live row of a node of the index, -1 for one removed or unknown.
+    int Row(const myNode* node) const {
+        const auto place = places.constFind(node);
+        if (place == places.constEnd() || place->removed)
+            return -1;
+        const auto k = kids.constFind(node->Parent);
+        return k == kids.constEnd() ? -1 : Live(*k, place->row);
+    }
+    void Remove(const myNode* node, const QSet<const myNode*>& gone) {
+        QVector<int>& live = kids[node->Parent].live;
+        for (int i = places[node].row + 1; i < live.size(); i += i & -i)
+            --live[i];
+        for (const myNode* n : gone)
+            places[n].removed = true;
+    }
+};
+
+IEDTreeModel::SearchBatch::SearchBatch(IEDTreeModel* model) : m_model(model) {
+    if (m_model && m_model->m_batches++ == 0 && m_model->hiddenRoot) {
+        m_model->m_index.reset(new SearchIndex);
+        m_model->m_index->Add(m_model->hiddenRoot, 0);
+    }
+}
+
+IEDTreeModel::SearchBatch::~SearchBatch() {
+    if (m_model && --m_model->m_batches == 0)
+        m_model->m_index.reset();
+}
 
 IEDTreeModel::IEDTreeModel(QObject* parent)
     : QAbstractItemModel(parent), ColCount(2),
@@ -45,11 +143,19 @@ IEDTreeModel::IEDTreeModel(QObject* parent)
         SIGNAL(layoutChanged())};
     for (const char* change : changes)
         connect(this, change, this, SLOT(forgetRows()));
+    connect(this, SIGNAL(dataChanged(QModelIndex, QModelIndex, QVector<int>)), this,
+            SLOT(dropIndex()));
+}
+
+void IEDTreeModel::dropIndex() {
+    m_index.reset();
 }
 
 void IEDTreeModel::forgetRows() {
     m_children.clear();
     m_rowOf.clear();
+    if (!m_removing)
+        m_index.reset();
 }
 
 void IEDTreeModel::endInsertRows() {
@@ -80,11 +186,18 @@ const std::vector<myNode*>& IEDTreeModel::childrenOf(myNode* node) const {
 }
 
 myNode* IEDTreeModel::childAt(myNode* node, int row) const {
+    if (m_index) {
+        const auto kids = m_index->kids.constFind(node);
+        if (kids != m_index->kids.constEnd())
+            return SearchIndex::At(*kids, row);
+    }
     const std::vector<myNode*>& rows = childrenOf(node);
     return row >= 0 && row < int(rows.size()) ? rows[size_t(row)] : nullptr;
 }
 
 int IEDTreeModel::rowOf(myNode* child) const {
+    if (m_index && m_index->places.contains(child))
+        return m_index->Row(child);
     childrenOf(child->Parent);
     const auto found = m_rowOf.find(child);
     return found == m_rowOf.end() ? -1 : found->second;
@@ -134,6 +247,11 @@ int IEDTreeModel::rowCount(const QModelIndex& parent) const {
     myNode* node = nodeFromIndex(parent);
     if (!node)
         return 0;
+    if (m_index) {
+        const auto kids = m_index->kids.constFind(node);
+        if (kids != m_index->kids.constEnd())
+            return SearchIndex::Live(*kids, kids->list.size());
+    }
     return int(childrenOf(node).size());
 }
 
@@ -288,6 +406,75 @@ void IEDTreeModel::DelFromDS(std::string name) {
         delete node;
         endRemoveRows();
     }
+}
+
+QModelIndexList IEDTreeModel::match(const QModelIndex& start, int role, const QVariant& value,
+                                    int hits, Qt::MatchFlags flags) const {
+    const bool text = role == Qt::DisplayRole && value.userType() == QMetaType::QString;
+    const bool object = role == Qt::UserRole && value.userType() == QMetaType::VoidStar;
+    myNode* first = start.column() == 0 ? nodeFromIndex(start) : nullptr;
+    // The base's order is that of the walk: the start row, the rows after
+    // it under its parent, each with its subtree; with wrap, then the rows
+    // before it.
+    if (!m_index || !start.isValid() || !(text || object) || !(flags & Qt::MatchRecursive) ||
+        (flags & 0x0F) != Qt::MatchExactly || m_index->Row(first) != start.row())
+        return QAbstractItemModel::match(start, role, value, hits, flags);
+    if (!m_index->searchable)
+        m_index->MakeSearchable();
+    const SearchIndex::Place& up = m_index->places[first->Parent];
+    const int from = m_index->places[first].rank;
+    const QVector<myNode*> found = text ? m_index->byText.value(value.toString())
+                                        : m_index->byObject.value(value.value<void*>());
+    QModelIndexList result;
+    auto take = [&](int low, int high) {
+        auto n = std::lower_bound(found.begin(), found.end(), low, [this](myNode* a, int rank) {
+            return m_index->places[a].rank < rank;
+        });
+        for (; n != found.end() && m_index->places[*n].rank < high; ++n) {
+            if (hits != -1 && result.size() >= hits)
+                return;
+            if (!m_index->places[*n].removed)
+                result << createIndex(m_index->Row(*n), 0, *n);
+        }
+    };
+    take(from, up.end);
+    if (flags & Qt::MatchWrap)
+        take(up.rank + 1, from);
+    return result;
+}
+
+void IEDTreeModel::RemoveNode(const QModelIndex& parent, int row, myNode* node,
+                              QSet<const myNode*>* removed) {
+    myNode* parentNode = nodeFromIndex(parent);
+    const int own = parentNode && node && node->Parent == parentNode ? rowOf(node) : -1;
+    if (own < 0)
+        return;
+    if (row < 0 || row >= rowCount(parent))
+        row = own;
+    QSet<const myNode*> gone;
+    CollectSubtree(node, gone);
+    m_removing = true;
+    beginRemoveRows(parent, row, row);
+    node->DeleteNode();
+    if (m_index)
+        m_index->Remove(node, gone);
+    endRemoveRows();
+    m_removing = false;
+    // The views dropped row `row` and kept the rows above it: the removed
+    // node's own among them, and those between that have moved up by one.
+    if (row != own) {
+        for (const QModelIndex& kept : persistentIndexList()) {
+            auto at = static_cast<const myNode*>(kept.internalPointer());
+            if (gone.contains(at))
+                changePersistentIndex(kept, QModelIndex());
+            else if (at && at->Parent == parentNode && kept.row() > own && kept.row() < row)
+                changePersistentIndex(
+                    kept, createIndex(kept.row() - 1, kept.column(), const_cast<myNode*>(at)));
+        }
+    }
+    delete node;
+    if (removed)
+        removed->unite(gone);
 }
 
 void IEDTreeModel::AddVarmNode(const QModelIndex& parent, int row, StringList* batch,

@@ -3,8 +3,10 @@
 #pragma once
 
 #include <QAbstractItemModel>
+#include <QSet>
 #include <QStringList>
 #include <QVariant>
+#include <memory>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -66,6 +68,36 @@ public:
     // object to out.
     void AddVarmNode(const QModelIndex& parent, int row, StringList* batch, StringList* out);
 
+    // While a batch lives, exact searches of a display text or an object
+    // with MatchRecursive, and the steps to a row, are answered from an index
+    // of the tree taken when the batch began, instead of by walks through
+    // the rows. RemoveNode keeps the index; any other change to the tree
+    // drops it, and the model walks its rows again. Batches nest.
+    class SearchBatch {
+    public:
+        explicit SearchBatch(IEDTreeModel* model);
+        ~SearchBatch();
+        SearchBatch(const SearchBatch&) = delete;
+        SearchBatch& operator=(const SearchBatch&) = delete;
+
+    private:
+        IEDTreeModel* m_model;
+    };
+    // The base's search, answered from the batch's index where it has one.
+    QModelIndexList match(const QModelIndex& start, int role, const QVariant& value, int hits = 1,
+                          Qt::MatchFlags flags = Qt::MatchFlags(Qt::MatchStartsWith |
+                                                                Qt::MatchWrap)) const override;
+
+    // Removes node, a child of the row parent, told to the views as row
+    // `row`: the row that an index held when it was taken, which removals
+    // since may have left behind. A row past the end is told as the node's
+    // own. After a row that wasn't the node's, the persistent indexes are set
+    // right: none keeps the removed rows, and those that moved up without
+    // word move too. The node and its subtree are freed; their addresses go
+    // to `removed` when it is given.
+    void RemoveNode(const QModelIndex& parent, int row, myNode* node,
+                    QSet<const myNode*>* removed = nullptr);
+
     // The editing code changes the node tree itself and announces it here.
     using QAbstractItemModel::beginInsertRows;
     using QAbstractItemModel::beginRemoveRows;
@@ -82,8 +114,10 @@ signals:
 
 private slots:
     // Drops the remembered positions; every announced change of the rows
-    // comes through here before and after it is made.
+    // comes through here before and after it is made. Any change but a
+    // RemoveNode drops the search index too.
     void forgetRows();
+    void dropIndex();
 
 private:
     // Rows are a linked list; a view reaches them by position in any order,
@@ -96,6 +130,11 @@ private:
 
     mutable std::unordered_map<const myNode*, std::vector<myNode*>> m_children;
     mutable std::unordered_map<const myNode*, int> m_rowOf;
+
+    struct SearchIndex;
+    std::unique_ptr<SearchIndex> m_index; // while a batch lives
+    int m_batches = 0;
+    bool m_removing = false; // inside RemoveNode
 };
 
 // The nearest row from index upwards whose object is a DcVCC or a DcLD;

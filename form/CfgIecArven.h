@@ -239,6 +239,31 @@ public:
     void ChangeDomainAndDs(int newDomain, int newDs, int oldDomain, int oldDs,
                            QList<DcICCPBase*>* obs);
 
+    // Deleting.
+    // Deletes the unit of the current row of lW_ieds after a question; the
+    // only row is refused.
+    void DelFromUnits();
+    // Takes the member entry `name` out of each data set of the VCC and of
+    // its ICCs.
+    void DelElemsFromDS(std::string name, class DcVCC* vcc);
+    // An older delete of the tree's selection, kept without a caller: the
+    // selection is never taken, so it ends at once. The members below serve
+    // it.
+    void DelFromtVIed();
+    // The object of one row, by its class; the row itself stays.
+    void DeleteOb(const QModelIndex& index);
+    // A variable's row: the variable goes, its tag keys are freed and its
+    // entries leave the data sets.
+    void DeleteDOorDA(const QModelIndex& index);
+    // The variable out of its owner's list and deleted; key is its full name,
+    // keys those of a structure's members.
+    void DeleteDA(class DcDA* var, std::string& key);
+    void DeleteDO(class DcDO* var, std::string& key, StringList& keys);
+    // The member that a row under a data set row stands for leaves the set.
+    void DeleteElemDS(const QModelIndex& index, const QModelIndex& parent);
+    // Empty.
+    void TryDelDS(const QModelIndex& index);
+
 signals:
     void sigShowStat(QString text);
 
@@ -276,7 +301,6 @@ public slots:
     void OnCreateFolg();
     void OnCreateTag();
     void OnCreateTagInFld();
-    void OnDelOb();
     void OnDelTag();
     void OnDelTags();
     // Deletes the selected rows of tVTags after a question.
@@ -313,6 +337,23 @@ public slots:
     void MoveOb_ContDS();
     // "DataSet&TransSet": the reserve list in its viewer.
     void onShowReservDSList();
+
+    // Deleting.
+    // Dispatches by the widget with the focus: the unit list, the tag view,
+    // the model tree, the member list; elsewhere nothing happens.
+    void OnDelOb();
+    // The selected variables of tVIed go with their tags, without a question;
+    // the variable objects stay in their owners' lists.
+    void DeleteFromiedTree();
+    // The selected rows of lWInfo_2 leave the current data set; variables
+    // and tags stay.
+    void DeleteFromContentRefDS();
+    // A structure of the model was deleted: its member entry leaves a data
+    // set of its ICC (of the VCC for a null host).
+    void OnRemoveObFromDS(void* host, std::string name, void* tag);
+    // No control is connected to these two.
+    void OnDelObFromDS();
+    void OnDelTaseFld();
 
 protected:
     bool event(QEvent* e) override;

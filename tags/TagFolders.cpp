@@ -1,5 +1,6 @@
 #include "tags/TagFolders.h"
 
+#include "editing/Deleting.h"
 #include "editing/MoveVars.h"
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
@@ -45,14 +46,6 @@ void* CreateNamedFolder(void* parent, int kind, const QString& name) {
     if (folder)
         SetStr2PropOb(folder, "caption", name);
     return folder;
-}
-
-void RemoveMember(DcDataSet* dataSet, const std::string& name) {
-    if (!dataSet)
-        return;
-    const int i = dataSet->Elems.IndexOf(name);
-    if (i >= 0)
-        dataSet->Elems.Delete(i);
 }
 
 void Inform(QWidget* parent, const QString& title, const QString& text) {
@@ -232,21 +225,6 @@ void CfgArvenSR::OnCreateTagInFld() {
     }
 }
 
-void CfgArvenSR::OnDelOb() {
-    // The widget with the focus picks the deleting member, reached by name
-    // as the key filter reaches it.
-    const std::pair<QWidget*, const char*> routes[] = {{lW_ieds, "DelFromUnits"},
-                                                       {tVTags, "DelFromtVTags"},
-                                                       {tVIed, "DeleteFromiedTree"},
-                                                       {lWInfo_2, "DeleteFromContentRefDS"}};
-    for (const auto& route : routes) {
-        if (route.first->hasFocus()) {
-            QMetaObject::invokeMethod(this, route.second, Qt::DirectConnection);
-            return;
-        }
-    }
-}
-
 void CfgArvenSR::OnDelTag() {
     void* ob = RowObject(tVTags->currentIndex());
     if (ob) {
@@ -293,6 +271,11 @@ void CfgArvenSR::DeleteTagOrFolder(void* ob) {
         DeleteVarFromtIED(ob);
         return;
     }
+    // Each variable is searched for through the whole tree, and the tree
+    // view moves to its row: the searches of a folder's variables go to an
+    // index of the tree, and the view moves once at the end.
+    IEDTreeModel::SearchBatch batch(pTreeIedModel);
+    QuietView quiet(tVIed, true);
     // The host deletes the tags and sub-folders with the folder; only their
     // variables go by hand.
     for (void* tag : GetChildren(ob, kind - 8))
@@ -316,17 +299,17 @@ void CfgArvenSR::DeleteVarFromtIED(void* tag) {
     DcICCPBase* container = DomainContainer(domain);
     if (dataSet > 0)
         RemoveMember(DataSetOf(container, dataSet), fullName);
-    pTreeIedModel->beginRemoveRows(index.parent(), index.row(), index.row());
-    myNode* node = pTreeIedModel->nodeFromIndex(index);
-    node->DeleteNode();
-    delete node;
+    pTreeIedModel->RemoveNode(index.parent(), index.row(), pTreeIedModel->nodeFromIndex(index));
     StringList* vars = VarsOf(container);
     const int i = vars ? vars->IndexOf(var->name) : -1;
-    if (i >= 0) {
+    if (i < 0)
+        return;
+    // A variable being deleted takes its own entry out of its owner's list,
+    // found by its name; with the entry gone first it would look for it
+    // through the whole list.
+    if (!needemit || vars->Objects(i) != var || var->OwnerOb() != container)
         vars->Delete(i);
-        delete var;
-    }
-    pTreeIedModel->endRemoveRows();
+    delete var;
 }
 
 void CfgArvenSR::DeleteFromtVTags() {

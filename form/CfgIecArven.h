@@ -194,6 +194,32 @@ public:
     void UpdLimitProp(void* ob, const char* key, const QString& newText, const QString& oldText);
     void CreateICC(int number);
 
+    // Validation of tags against the model.
+    // Tag titles without an object, variable keys with theirs: what the
+    // last check found out of place.
+    StringList ListNoValid;
+    // The tree's rows by text while a whole check runs; null otherwise.
+    class TagRowIndex* TagRows = nullptr;
+    // Marks the rows that the tag's key names: 0 found, -1 no usable key,
+    // -2 the last segment not found.
+    int FunTagAndTree(void* tag);
+    void FillListNoValid(void* tag);
+    // Deletes the listed variables from the model and their data sets, then
+    // rebuilds the tree.
+    void DelElemsTree(StringList& list);
+    // Whether the key names a variable, or a member path of a structure.
+    bool IsValidTagId(class DcVCC* vcc, std::string key);
+    // Data set members and tag keys under the ICC oldName: renamed to
+    // newName, or, with rename 0, removed (members) or emptied (keys).
+    void InspectADSonLD(std::string oldName, std::string newName, int rename);
+    void InspDSonLD(std::string oldName, std::string newName, class DcDataSet* ds, int rename);
+    void InspectATagonLD(std::string oldName, std::string newName, int rename);
+    // Takes the variable out of the data sets that its refDS names.
+    void TreatRefDSinOb(DcICCPBase* ob);
+    int FindDuplicates(DcICCPBase* ob);
+    // Fills the reserve list with copies of the ICCs' transfer and data sets.
+    void FillSpecListDSansTS(class DcVCC* vcc);
+
     // Tag folders and tags of the unit.
     void DeleteTagOrFolder(void* ob);
     void DeleteFromTagFolder(void* folder);
@@ -216,6 +242,14 @@ public:
     // A row in the tree for a variable made from the tags.
     void Tags2TaseTree(QList<void*> tags, int isDO, DcICCPBase* var);
 
+    // Moving and bulk change.
+    // The members of the content list go to data set newDs, a 0-based
+    // position, of the same owner; their tags take newDs.
+    void ChangeDsOnly(int newDomain, int newDs, QList<DcICCPBase*>* obs);
+    // The members go to another owner, and to data set newDs there.
+    void ChangeDomainAndDs(int newDomain, int newDs, int oldDomain, int oldDs,
+                           QList<DcICCPBase*>* obs);
+
     // Renaming: each routine carries a new name through the copies that its
     // kind of object has; oldFull and newFull come back as the full names.
     QAction* actRename = nullptr; // "Переименовать" in the tVIed menu, key F2
@@ -230,14 +264,6 @@ public:
     // Kept without a caller.
     void RenameVCC(std::string oldName, QModelIndex index, class DcVCC* vcc);
     void RenameDA(std::string oldName, class DcDA* da);
-
-    // Moving and bulk change.
-    // The members of the content list go to data set newDs, a 0-based
-    // position, of the same owner; their tags take newDs.
-    void ChangeDsOnly(int newDomain, int newDs, QList<DcICCPBase*>* obs);
-    // The members go to another owner, and to data set newDs there.
-    void ChangeDomainAndDs(int newDomain, int newDs, int oldDomain, int oldDs,
-                           QList<DcICCPBase*>* obs);
 
     // Deleting.
     // Deletes the unit of the current row of lW_ieds after a question; the
@@ -313,6 +339,10 @@ public slots:
     void slotFindinTag();
     void OnFindTree();
 
+    // "Корректность тегов": marks what the unit's tags name and offers to
+    // delete the variables that none names.
+    void OnValTagTree();
+
     // Creating variables and containers.
     void OnAddVar();
     // Kept without a control: an ICC by name, a data set that no list takes.
@@ -328,8 +358,6 @@ public slots:
     // A command variable, with its SBO twin, added to the ICC of the current
     // tree row.
     void OnAcmd();
-    // Renames the object of the current row of tVIed to a name asked for.
-    void OnRename();
 
     // Moving and bulk change.
     // "Переместить объект(ы) ": the selected members of the shown data set
@@ -337,6 +365,8 @@ public slots:
     void MoveOb_ContDS();
     // "DataSet&TransSet": the reserve list in its viewer.
     void onShowReservDSList();
+    // Renames the object of the current row of tVIed to a name asked for.
+    void OnRename();
 
     // Deleting.
     // Dispatches by the widget with the focus: the unit list, the tag view,

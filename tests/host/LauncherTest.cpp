@@ -110,3 +110,30 @@ TEST(Launcher, StepsChooseRowsBeforeThePictureOfOnePane) {
               "tVTags: no row begins with \"No such tag\"");
     ExpectRun({"--headless", "--screenshot-of", "nowhere"}, 1, "nowhere: no widget of that name");
 }
+
+TEST(Launcher, CheckPrintsWhatNoTagNamesAndLeavesTheFile) {
+    // The first unit holds the template alone; tags of a type outside the
+    // list make no variable and name the VCC's own three.
+    QTemporaryDir dir;
+    const QString path = dir.filePath("small.json");
+    SmallProject p;
+    for (HostObject* folder : p.folder)
+        p.host.remove(folder);
+    HostObject* folder = p.host.create(p.unit, cotFolderSource, 0, "Arven");
+    for (const char* key : {"TASE2_Version", "Supported_Features", "Bilateral_Table_ID", "Nothing"})
+        p.addTag(folder, cotSource, "X", 999, 0, 0, "Ключ")->set("tag_id", QByteArray(key));
+    ASSERT_TRUE(SaveProject(p.host, path));
+    const ino_t before = Inode(path);
+    HostRun r = Launch({path, "--check"});
+    EXPECT_EQ(r.status, 1) << qPrintable(r.err);
+    EXPECT_EQ(r.out, "Сервер 1: Ключ_4: the tag's key \"Nothing\" names nothing in the model\n");
+    EXPECT_EQ(Inode(path), before);
+
+    p.host.remove(p.host.findAll(cotSource).last());
+    ASSERT_TRUE(SaveProject(p.host, path));
+    r = Launch({path, "--check"});
+    EXPECT_EQ(r.status, 0) << qPrintable(r.err);
+    EXPECT_EQ(r.out, "");
+    // The form lists the first unit alone.
+    ExpectRun({path, "--check", "--unit", "1"}, 2, "no current unit");
+}

@@ -4,9 +4,9 @@
 // transmitted kind in ten folders and four ICCs, a quarter structures, nine
 // in ten in a data set; only the delete itself is timed. The form is opened
 // once per run through the plug-in's entry, as the host opens it.
+#include "BenchUnit.h"
 #include "WidgetBenchRun.h"
 #include "form/CfgIecArven.h"
-#include "host/HostProject.h"
 #include "plugin/CfgIecArvenlib.h"
 #include "views/SomeModelsIED.h"
 #include "views/UnitTagsModel.h"
@@ -27,19 +27,10 @@ const int kFolders = 10;
 // A unit whose base folder of transmitted values holds ten folders of
 // tags / 10 tags each, and ten tags of its own, which keep the ten folders
 // in view.
-struct Project {
-    HostProject host;
-    HostObject* line = nullptr;
-    HostObject* unit = nullptr;
+struct Project : BenchUnit {
     HostObject* folders[kFolders] = {};
 
-    explicit Project(int tags) {
-        HostObject* project = host.create(nullptr, cotProject);
-        HostObject* direct = host.create(project, cotDirect);
-        line = host.create(direct, cotLine);
-        unit = host.create(direct, cotUnit, 0, "IecArven");
-        unit->set("maxICC", 4);
-        unit->set("maxDS", 10);
+    explicit Project(int tags) : BenchUnit(4, 10) {
         HostObject* base = host.create(unit, cotFolderPass, 1, "Arven");
         base->set("caption", QString("Передаваемые"));
         for (int f = 0; f < kFolders; ++f) {

@@ -3,10 +3,10 @@
 // the dialog's answer to the last row taken off the content list. The
 // second argument is the move: 1 another data set of the same ICC, 3
 // another ICC and another data set, where every variable is made anew.
+#include "BenchUnit.h"
 #include "WidgetBenchRun.h"
 #include "dialogs/Mode4MoveOb.h"
 #include "form/CfgIecArven.h"
-#include "host/HostProject.h"
 #include "plugin/CfgIecArvenlib.h"
 
 #include <QAction>
@@ -22,17 +22,8 @@ namespace {
 
 // A unit with two ICCs of three data sets each and `count` tags, all in
 // the first data set of ICC_1.
-struct Project {
-    HostProject host;
-    HostObject* line = nullptr;
-    HostObject* unit = nullptr;
-
-    explicit Project(int count) {
-        HostObject* direct = host.create(host.create(nullptr, cotProject), cotDirect);
-        line = host.create(direct, cotLine);
-        unit = host.create(direct, cotUnit, 0, "IecArven");
-        unit->set("maxICC", 2);
-        unit->set("maxDS", 3);
+struct Project : BenchUnit {
+    explicit Project(int count) : BenchUnit(2, 3) {
         HostObject* folder = host.create(unit, cotFolderSource, 0, "Arven");
         for (int i = 0; i < count; ++i) {
             HostObject* tag = host.create(folder, cotSource, i + 1, "IecArven");

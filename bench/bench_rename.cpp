@@ -2,9 +2,9 @@
 // the data set keys, the tag list and every tag's "tag_id" are rewritten.
 // The form is opened through the plug-in's entry on the stand-in host, and
 // the ICC is renamed back and forth while it is shown.
+#include "BenchUnit.h"
 #include "WidgetBenchRun.h"
 #include "form/CfgIecArven.h"
-#include "host/HostProject.h"
 #include "model/ICCPTypes_Nat.h"
 #include "plugin/CfgIecArvenlib.h"
 #include "support/myNode.h"
@@ -18,11 +18,9 @@ namespace {
 
 void BM_RenameICC(benchmark::State& state) {
     const int count = int(state.range(0));
-    HostProject host;
-    HostObject* direct = host.create(host.create(nullptr, cotProject), cotDirect);
-    HostObject* line = host.create(direct, cotLine);
-    HostObject* unit = host.create(direct, cotUnit, 0, "IecArven");
-    HostObject* folder = host.create(unit, cotFolderSource, 0, "Arven");
+    BenchUnit bench(1, 1);
+    HostProject& host = bench.host;
+    HostObject* folder = host.create(bench.unit, cotFolderSource, 0, "Arven");
     for (int i = 0; i < count; ++i) {
         HostObject* tag = host.create(folder, cotSource, i + 1, "IecArven");
         tag->set("tag_name", QByteArray("V"));
@@ -54,7 +52,7 @@ void BM_RenameICC(benchmark::State& state) {
         form->close();
     });
     poll.start(0);
-    CfgFormGet(HostProject::table(), line, unit, nullptr);
+    CfgFormGet(HostProject::table(), bench.line, bench.unit, nullptr);
 }
 
 BENCHMARK(BM_RenameICC)

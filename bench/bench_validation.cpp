@@ -2,10 +2,10 @@
 // tag in ten has no key, so its title and its variable are listed and the
 // variable is deleted, the tree rebuilt. The form is opened anew for each
 // run, outside the measured time; the check and the delete are measured.
+#include "BenchUnit.h"
 #include "WidgetBenchRun.h"
 #include "dialogs/Log4Tree.h"
 #include "form/CfgIecArven.h"
-#include "host/HostProject.h"
 #include "plugin/CfgIecArvenlib.h"
 
 #include <QApplication>
@@ -23,18 +23,8 @@ namespace {
 // examined kinds, in folders of 200 under one top folder per kind. Every
 // fourth tag is a structure, whose key names its member "Value"; one in
 // fifty lies in the VCC.
-struct Unit {
-    HostProject host;
-    HostObject* line = nullptr;
-    HostObject* unit = nullptr;
-
-    explicit Unit(int count) {
-        HostObject* project = host.create(nullptr, cotProject);
-        HostObject* direct = host.create(project, cotDirect);
-        line = host.create(direct, cotLine);
-        unit = host.create(direct, cotUnit, 0, "IecArven");
-        unit->set("maxICC", 4);
-        unit->set("maxDS", 10);
+struct Unit : BenchUnit {
+    explicit Unit(int count) : BenchUnit(4, 10) {
         HostObject* tops[3];
         for (int kind = 0; kind < 3; ++kind)
             tops[kind] = host.create(unit, kind + 8, 0, "Arven");

@@ -1,4 +1,5 @@
 #include "dialogs/ChoiceDS.h"
+#include "dialogs/DialogParts.h"
 
 #include "form/CfgIecArven.h"
 #include "plugin/CfgIecArvenlib.h"
@@ -29,14 +30,8 @@ ChoiceDS::ChoiceDS(QWidget* parent) : QDialog(parent) {
     listWidget->setObjectName("listWidget");
     left->addWidget(listWidget);
     horizontal->addLayout(left);
-    buttonBox = new QDialogButtonBox(this);
-    buttonBox->setObjectName("buttonBox");
-    buttonBox->setOrientation(Qt::Vertical);
-    buttonBox->setStandardButtons(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    horizontal->addWidget(buttonBox);
+    buttonBox = AddOkCancel(this, horizontal, Qt::Vertical);
 
-    connect(buttonBox, SIGNAL(accepted()), this, SLOT(accept()));
-    connect(buttonBox, SIGNAL(rejected()), this, SLOT(reject()));
     connect(listWidget, SIGNAL(itemDoubleClicked(QListWidgetItem*)), this,
             SLOT(OnitemDoubleClicked(QListWidgetItem*)));
 }

@@ -1,4 +1,5 @@
 #include "dialogs/Mode4MoveOb.h"
+#include "dialogs/DialogParts.h"
 
 #include "plugin/CfgIecArvenlib.h"
 
@@ -36,14 +37,7 @@ Mode4MoveOb::Mode4MoveOb(QWidget* parent) : QDialog(parent) {
     cBDataSet->setObjectName("cBDataSet");
     dataSetRow->addWidget(cBDataSet);
     vertical->addLayout(dataSetRow);
-    buttonBox = new QDialogButtonBox(this);
-    buttonBox->setObjectName("buttonBox");
-    buttonBox->setOrientation(Qt::Horizontal);
-    buttonBox->setStandardButtons(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    vertical->addWidget(buttonBox);
-
-    connect(buttonBox, SIGNAL(accepted()), this, SLOT(accept()));
-    connect(buttonBox, SIGNAL(rejected()), this, SLOT(reject()));
+    buttonBox = AddOkCancel(this, vertical, Qt::Horizontal);
 }
 
 void Mode4MoveOb::OnShow() {

@@ -1,4 +1,5 @@
 #include "dialogs/ReserveF.h"
+#include "dialogs/DialogParts.h"
 
 #include "model/DcICCPBase.h"
 #include "support/UStringList.h"
@@ -28,14 +29,8 @@ ReserveF::ReserveF(QWidget* parent) : QDialog(parent) {
     lW2->setObjectName("lW2");
     lists->addWidget(lW2);
     vertical->addLayout(lists);
-    buttonBox = new QDialogButtonBox(this);
-    buttonBox->setObjectName("buttonBox");
-    buttonBox->setOrientation(Qt::Horizontal);
-    buttonBox->setStandardButtons(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    vertical->addWidget(buttonBox);
+    buttonBox = AddOkCancel(this, vertical, Qt::Horizontal);
 
-    connect(buttonBox, SIGNAL(accepted()), this, SLOT(accept()));
-    connect(buttonBox, SIGNAL(rejected()), this, SLOT(reject()));
     connect(lW1, SIGNAL(itemClicked(QListWidgetItem*)), this, SLOT(onLW1Clicked(QListWidgetItem*)));
 }
 

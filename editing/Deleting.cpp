@@ -170,19 +170,9 @@ void CfgArvenSR::DeleteFromContentRefDS() {
     QListWidgetItem* current = lWInfo->currentItem();
     // The current row names the set: "ICC/set" for a set of an ICC.
     const QString text = current ? current->text() : QString();
-    const int slash = text.indexOf('/');
-    DcDataSet* dataSet = nullptr;
-    if (pVCC && slash >= 0) {
-        StringList& iccs = pVCC->ICCs;
-        if (auto icc = qobject_cast<DcLD*>(
-                ListOb(iccs, iccs.IndexOf(text.left(slash).toLocal8Bit().toStdString())))) {
-            const std::string name = text.mid(slash + 1).toLocal8Bit().toStdString();
-            dataSet = qobject_cast<DcDataSet*>(ListOb(icc->DataSets, icc->DataSets.IndexOf(name)));
-        }
-    } else if (pVCC) {
-        const std::string name = text.toLocal8Bit().toStdString();
-        dataSet = qobject_cast<DcDataSet*>(ListOb(pVCC->DataSets, pVCC->DataSets.IndexOf(name)));
-    }
+    std::string name;
+    StringList* sets = ScopedList(pVCC, text.toLocal8Bit().toStdString(), true, name);
+    auto dataSet = sets ? qobject_cast<DcDataSet*>(ListOb(*sets, sets->IndexOf(name))) : nullptr;
     for (int i = items.size() - 1; i >= 0; --i) {
         QListWidgetItem* item = items[i];
         if (DcICCPBase* var = LiveVariable(item))

@@ -19,11 +19,6 @@
 
 namespace {
 
-// The object of a list entry found by its text, or null.
-template <typename T> T* ByName(StringList& list, const std::string& name) {
-    return qobject_cast<T*>(static_cast<DcICCPBase*>(list.Objects(list.IndexOf(name))));
-}
-
 // "ICC/name" for an object within an ICC, else the name alone.
 std::string InOwnerICC(DcICCPBase* ob, const std::string& name) {
     DcICCPBase* icc = ob->IsHostObType("DcLD");
@@ -116,21 +111,15 @@ void CfgArvenSR::RenameDA1(std::string oldName, DcICCPBase* ob, std::string& old
         const size_t end = rest.find(';');
         if (end == std::string::npos || end == 0)
             return;
-        std::string entry = rest.substr(0, end);
+        std::string entry;
+        StringList* sets = ScopedList(pVCC, rest.substr(0, end), true, entry);
         rest = rest.substr(end + 1);
-        StringList* sets = &pVCC->DataSets;
-        const size_t slash = entry.find('/');
-        if (slash != std::string::npos) {
-            auto icc = ByName<DcLD>(pVCC->ICCs, entry.substr(0, slash));
-            if (!icc)
-                return;
-            sets = &icc->DataSets;
-            entry = entry.substr(slash + 1);
-        }
+        if (!sets)
+            return;
         const size_t comma = entry.find(',');
         if (comma != std::string::npos)
             entry = entry.substr(0, comma);
-        auto set = ByName<DcDataSet>(*sets, entry);
+        auto set = qobject_cast<DcDataSet*>(ListOb(*sets, sets->IndexOf(entry)));
         if (!set)
             return;
         const int at = set->Elems.IndexOf(oldFull);

@@ -47,6 +47,10 @@ extern std::vector<void*> Stack1;
 void Fillset1DS();
 // Runs f on the data set list of the VCC, then on that of each ICC in order.
 void ForEachDataSetList(const std::function<void(StringList&)>& f);
+// The list that a scoped name points into: for "ICC/name" the ICC's, for a
+// bare name the VCC's; data set lists or variable lists as `dataSets` says.
+// `name` takes the part after the first "/". Null for an unknown ICC.
+StringList* ScopedList(class DcVCC* vcc, const std::string& key, bool dataSets, std::string& name);
 
 class CfgArvenSR : public QDialog, public Ui_DArvenCfg {
     Q_OBJECT
@@ -254,8 +258,7 @@ public:
     // kind of object has; oldFull and newFull come back as the full names.
     QAction* actRename = nullptr; // "Переименовать" in the tVIed menu, key F2
     void AddRenameAct();
-    void RenameDA1(std::string oldName, DcICCPBase* ob, std::string& oldFull,
-                   std::string& newFull);
+    void RenameDA1(std::string oldName, DcICCPBase* ob, std::string& oldFull, std::string& newFull);
     void RenameDO(std::string oldName, class DcDO* ob, std::string& oldFull, std::string& newFull);
     void RenameLD(std::string oldName, QModelIndex index, class DcLD* ld);
     void RenameDS(std::string oldName, QModelIndex index, class DcDataSet* ds);

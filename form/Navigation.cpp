@@ -194,6 +194,21 @@ void ForEachDataSetList(const std::function<void(StringList&)>& f) {
             f(icc->DataSets);
 }
 
+StringList* ScopedList(DcVCC* vcc, const std::string& key, bool dataSets, std::string& name) {
+    if (!vcc)
+        return nullptr;
+    const size_t slash = key.find('/');
+    if (slash == std::string::npos) {
+        name = key;
+        return dataSets ? &vcc->DataSets : &vcc->Vars;
+    }
+    auto icc = qobject_cast<DcLD*>(ListOb(vcc->ICCs, vcc->ICCs.IndexOf(key.substr(0, slash))));
+    name = key.substr(slash + 1);
+    if (!icc)
+        return nullptr;
+    return dataSets ? &icc->DataSets : &icc->Vars;
+}
+
 // Refills lWInfo with its handler disconnected: emptying the list mustn't
 // empty the member list by the way.
 void CfgArvenSR::FillDSList() {
@@ -317,18 +332,10 @@ void CfgArvenSR::slotOnRecvData() {
     if (!item || !pVCC)
         return;
     // "ICC/set" names a set of an ICC, a bare name one of the VCC.
-    const std::string text = item->text().toLocal8Bit().toStdString();
-    const size_t slash = text.find('/');
-    StringList* dataSets = &pVCC->DataSets;
-    std::string name = text;
-    if (slash != std::string::npos) {
-        auto icc =
-            qobject_cast<DcLD*>(ListOb(pVCC->ICCs, pVCC->ICCs.IndexOf(text.substr(0, slash))));
-        if (!icc)
-            return;
-        dataSets = &icc->DataSets;
-        name = text.substr(slash + 1);
-    }
+    std::string name;
+    StringList* dataSets = ScopedList(pVCC, item->text().toLocal8Bit().toStdString(), true, name);
+    if (!dataSets)
+        return;
     auto dataSet = qobject_cast<DcDataSet*>(ListOb(*dataSets, dataSets->IndexOf(name)));
     if (!dataSet)
         return;

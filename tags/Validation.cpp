@@ -200,17 +200,10 @@ void CfgArvenSR::DelElemsTree(StringList& list) {
         const std::string key = list.Strings(i);
         // A bare name is a variable of the VCC, "ICC/name" one of an ICC. A
         // tag's title is looked up in vain as a rule.
-        StringList* vars = &pVCC->Vars;
-        std::string name = key;
-        const size_t slash = key.find('/');
-        if (slash != std::string::npos) {
-            auto icc =
-                qobject_cast<DcLD*>(ListOb(pVCC->ICCs, pVCC->ICCs.IndexOf(key.substr(0, slash))));
-            if (!icc)
-                continue;
-            vars = &icc->Vars;
-            name = key.substr(slash + 1);
-        }
+        std::string name;
+        StringList* vars = ScopedList(pVCC, key, false, name);
+        if (!vars)
+            continue;
         const int at = vars->IndexOf(name);
         if (at < 0)
             continue;
@@ -240,13 +233,9 @@ void CfgArvenSR::DelElemsTree(StringList& list) {
 }
 
 bool CfgArvenSR::IsValidTagId(DcVCC* vcc, std::string key) {
-    if (!vcc)
-        return false;
-    const size_t slash = key.find('/');
-    if (slash == std::string::npos)
-        return IsValidVarPath(vcc->Vars, key);
-    auto icc = qobject_cast<DcLD*>(ListOb(vcc->ICCs, vcc->ICCs.IndexOf(key.substr(0, slash))));
-    return icc && IsValidVarPath(icc->Vars, key.substr(slash + 1));
+    std::string name;
+    StringList* vars = ScopedList(vcc, key, false, name);
+    return vars && IsValidVarPath(*vars, name);
 }
 
 void CfgArvenSR::InspectADSonLD(std::string oldName, std::string newName, int rename) {
@@ -295,17 +284,10 @@ void CfgArvenSR::TreatRefDSinOb(DcICCPBase* ob) {
     QListWidgetItem* current = lWInfo->currentItem();
     void* shown = current ? current->data(Qt::UserRole).value<void*>() : nullptr;
     for (const QString& item : ob->refDS.split(';', Qt::SkipEmptyParts)) {
-        const std::string ref = item.toLocal8Bit().toStdString();
-        const size_t slash = ref.find('/');
-        StringList* dataSets = &pVCC->DataSets;
-        if (slash != std::string::npos) {
-            auto icc =
-                qobject_cast<DcLD*>(ListOb(pVCC->ICCs, pVCC->ICCs.IndexOf(ref.substr(0, slash))));
-            if (!icc)
-                continue;
-            dataSets = &icc->DataSets;
-        }
-        const std::string name = slash == std::string::npos ? ref : ref.substr(slash + 1);
+        std::string name;
+        StringList* dataSets = ScopedList(pVCC, item.toLocal8Bit().toStdString(), true, name);
+        if (!dataSets)
+            continue;
         auto dataSet = qobject_cast<DcDataSet*>(ListOb(*dataSets, dataSets->IndexOf(name)));
         if (!dataSet)
             continue;

@@ -2,9 +2,11 @@
 # their parts.
 JOBS ?= $(shell nproc)
 FUZZ_SECONDS ?= 60
+MUTANTS ?= 200
+SEED ?= 1
 CMAKE_FLAGS ?=
 
-.PHONY: all deps build asan-build fuzz-build test test-plain test-asan demo bench scale screenshots fuzz fuzz-short format clean
+.PHONY: all deps build asan-build fuzz-build test test-plain test-asan demo bench scale screenshots fuzz fuzz-short mutants format clean
 
 all: build
 
@@ -47,6 +49,11 @@ screenshots: build
 scale: deps
 	scripts/run-scale build-scale
 
+# Breaks the plug-in's code one small change at a time and reports which
+# changes the suite notices; outside `make test`.
+mutants: deps
+	MUTANTS=$(MUTANTS) SEED=$(SEED) scripts/mutants build-mutants
+
 fuzz-build: deps
 	CXX=clang++ cmake -S . -B build-fuzz -DCMAKE_BUILD_TYPE=RelWithDebInfo -DICCP_TESTS=OFF -DICCP_FUZZ=ON >/dev/null
 	cmake --build build-fuzz -j $(JOBS)
@@ -62,4 +69,4 @@ format:
 	  -name '*.cpp' -o -name '*.h' | xargs clang-format -i
 
 clean:
-	rm -rf build build-asan build-bench build-fuzz
+	rm -rf build build-asan build-bench build-fuzz build-mutants

@@ -45,20 +45,21 @@ TEST_F(HostWall, PropertyReads) {
     EXPECT_EQ(GetPropStrVal(p.tagState, "caption"), "Выключатель Q1");
     EXPECT_EQ(GetPropStrVal(p.tagReal, "using"), "true");
     EXPECT_EQ(GetPropStrVal(p.tagReal, "no such"), " ");
-
-    bool out = false;
-    EXPECT_TRUE(GetPropBool(p.unit, "$CHECKED", out));
-    EXPECT_TRUE(out);
-    out = true;
-    EXPECT_FALSE(GetPropBool(p.unit, "maxICC", out)); // an int isn't a bool
-    EXPECT_TRUE(out);
-    out = false;
-    EXPECT_FALSE(GetPropBool(p.unit, "no such", out));
-    EXPECT_FALSE(out);
+    // GetPropBool: the result, and `out` from false or true before.
     p.host.failParam("sclcomplete", HostProject::FailRead);
-    out = true;
-    EXPECT_FALSE(GetPropBool(p.unit, "sclcomplete", out));
-    EXPECT_TRUE(out);
+    const struct {
+        const char* name;
+        bool ok, fromFalse, fromTrue;
+    } rows[] = {{"$CHECKED", true, true, true},
+                {"maxICC", false, false, true}, // an int isn't a bool
+                {"no such", false, false, true},
+                {"sclcomplete", false, false, true}};
+    for (const auto& r : rows)
+        for (bool before : {false, true}) {
+            bool out = before;
+            EXPECT_EQ(GetPropBool(p.unit, r.name, out), r.ok) << r.name;
+            EXPECT_EQ(out, before ? r.fromTrue : r.fromFalse) << r.name;
+        }
 }
 
 TEST_F(HostWall, BlobReadResults) {
@@ -119,15 +120,50 @@ TEST_F(HostWall, ChildWalkAndTagListInfo) {
     EXPECT_TRUE(GetChildren(p.folder[3], cotControlPass).empty());
     EXPECT_EQ(p.host.calls(slotObChildCount), 1);
     EXPECT_EQ(p.host.calls(slotObChildList), 0); // nothing to list, no list call
-
-    const std::vector<void*> children = GetChildren(p.direct, cotUnit);
-    EXPECT_EQ(children, (std::vector<void*>{p.unit, p.unit2}));
+    EXPECT_EQ(GetChildren(p.direct, cotUnit), (std::vector<void*>{p.unit, p.unit2}));
     EXPECT_EQ(p.host.calls(slotObChildList), 1);
-    p.host.failSlot(slotObChildList);
-    EXPECT_TRUE(GetChildren(p.direct, cotUnit).empty());
-
     EXPECT_EQ(GetTagListInfo(p.unit), "  ");
     EXPECT_EQ(p.host.calls(slotObAllCount), 1);
+    p.host.failSlot(slotObChildList);
+    EXPECT_TRUE(GetChildren(p.direct, cotUnit).empty());
+    p.host.clearFaults();
+
+    // Hosts that list less than they count, or nulls among the children:
+    // the walk keeps what is there.
+    using List = std::vector<void*>;
+    const struct {
+        int (*list)(void*, int, void**, int);
+        List children;
+    } rows[] = {
+        {[](void*, int, void**, int) { return -1; }, {}},
+        {[](void* ob, int kind, void** out, int n) {
+             return HostSlot<TcfgObChildList>(slotObChildList)(ob, kind, out, n) - 1;
+         },
+         {p.unit}},
+        {[](void* ob, int kind, void** out, int n) {
+             const int stored = HostSlot<TcfgObChildList>(slotObChildList)(ob, kind, out, n);
+             out[0] = nullptr;
+             return stored;
+         },
+         {p.unit2}},
+        {[](void* ob, int kind, void** out, int n) {
+             const int stored = HostSlot<TcfgObChildList>(slotObChildList)(ob, kind, out, n);
+             out[1] = nullptr;
+             return stored;
+         },
+         {p.unit}},
+        {[](void*, int, void** out, int) {
+             out[0] = out[1] = nullptr;
+             return 2;
+         },
+         {}},
+    };
+    for (const auto& r : rows) {
+        PatchedTable bad;
+        bad.patch(slotObChildList, r.list);
+        pGlobcfgInterface = bad.fns;
+        EXPECT_EQ(GetChildren(p.direct, cotUnit), r.children) << &r - rows;
+    }
 }
 
 TEST_F(HostWall, NoTableOrEmptySlotsGiveFailures) {

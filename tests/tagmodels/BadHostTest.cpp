@@ -1,22 +1,14 @@
 // The tag model over a host that fails its calls or answers with the wrong
 // objects: fall-back texts, empty rows, searches that end, no crash.
-#include "views/UnitTagsModel.h"
-
 #include "TagTree.h"
 
 #include <QTreeView>
-#include <gtest/gtest.h>
 
 namespace {
 
 class BadHost : public TagModelTest {
 protected:
-    // A search of every row for the object.
-    QModelIndexList find(void* ob) {
-        return model.match(model.index(0, 0), Qt::UserRole, QVariant::fromValue(ob), -1,
-                           Qt::MatchRecursive | Qt::MatchWrap);
-    }
-
+    QModelIndexList find(void* ob) { return FindRows(model, ob); }
     // Shows the model in a view, opens every row and paints it.
     void show() {
         QTreeView view;
@@ -92,12 +84,12 @@ TEST_F(BadHost, ChildrenOfTheWrongKindOrLoopingBack) {
                 return wrong->s1;
             if (ob == wrong->s2 && kind == cotSource && i == 0)
                 return wrong->base;
-            return PatchedHost::original<TcfgObChild>(slotObChild)(ob, kind, i);
+            return HostSlot<TcfgObChild>(slotObChild)(ob, kind, i);
         });
     patched.patch(
         slotObChildList, +[](void* ob, int kind, void** list, int capacity) {
             const int stored =
-                PatchedHost::original<TcfgObChildList>(slotObChildList)(ob, kind, list, capacity);
+                HostSlot<TcfgObChildList>(slotObChildList)(ob, kind, list, capacity);
             if (stored > 1)
                 list[1] = nullptr;
             if (stored > 0)
@@ -127,7 +119,7 @@ TEST_F(BadHost, CountsThatDontMatchTheLists) {
     PatchedHost patched;
     patched.patch(
         slotObChildCount, +[](void* ob, int kind) {
-            const int count = PatchedHost::original<TcfgObChildCount>(slotObChildCount)(ob, kind);
+            const int count = HostSlot<TcfgObChildCount>(slotObChildCount)(ob, kind);
             return kind == cotSource ? count + 5 : -count;
         });
     // Folders counted negative are none; five tags too many give no rows.

@@ -2,8 +2,6 @@
 
 #include "common/TestApp.h"
 
-#include <cstring>
-
 namespace {
 HostObject* Folder(HostProject& host, HostObject* parent, int mode, const char* caption) {
     HostObject* folder = host.create(parent, mode + 8, 0, "IecOrmelcli");
@@ -30,15 +28,6 @@ TagTree::TagTree(HostProject& host, HostObject* unit, int mode) {
     a2 = Tag(host, s1, mode, "a2");
     b1 = Tag(host, s2, mode, "b1");
     c1 = Tag(host, s11, mode, "c1");
-}
-
-PatchedHost::PatchedHost() {
-    memcpy(m_table, HostProject::table(), sizeof m_table);
-    pGlobcfgInterface = m_table;
-}
-
-PatchedHost::~PatchedHost() {
-    pGlobcfgInterface = HostProject::table();
 }
 
 void TagModelTest::SetUp() {

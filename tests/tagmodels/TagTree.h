@@ -1,6 +1,6 @@
 // Tag trees for the tests of the tag models: a base folder with nested
 // folders and tags of one mode, and a copy of the stand-in host's table with
-// chosen slots replaced.
+// chosen fns replaced.
 #pragma once
 
 #include "common/SmallProject.h"
@@ -56,26 +56,18 @@ inline HostObject* RowObject(const QModelIndex& index) {
     return static_cast<HostObject*>(index.internalPointer());
 }
 
-// The stand-in host's table with some slots replaced; it is the plug-in's
-// table while the object lives. Replacements reach the stand-in's own slots
-// through original().
-class PatchedHost {
-public:
-    PatchedHost();
-    ~PatchedHost();
-    PatchedHost(const PatchedHost&) = delete;
-    PatchedHost& operator=(const PatchedHost&) = delete;
-
-    template <typename F> void patch(int slot, F f) {
-        m_table[slot] = reinterpret_cast<TCfgSlotFn>(f);
-    }
-    template <typename F> static F original(int slot) {
-        return reinterpret_cast<F>(HostProject::table()[slot]);
-    }
-
-private:
-    TCfgSlotFn m_table[cfgSlotCount];
+// The stand-in host's table with some fns replaced; it is the plug-in's
+// table while the object lives.
+struct PatchedHost : PatchedTable {
+    PatchedHost() { pGlobcfgInterface = fns; }
+    ~PatchedHost() { pGlobcfgInterface = HostProject::table(); }
 };
+
+// Every row of the model that holds the object, by a search of all rows.
+inline QModelIndexList FindRows(const QAbstractItemModel& model, void* ob) {
+    return model.match(model.index(0, 0), Qt::UserRole, QVariant::fromValue(ob), -1,
+                       Qt::MatchRecursive | Qt::MatchWrap);
+}
 
 inline void PrintTo(const QString& text, std::ostream* os) {
     *os << '"' << text.toStdString() << '"';

@@ -1,6 +1,6 @@
-// The form as built: bars, menus and their actions, context menus, icons,
-// view settings, the key and focus filter, and the enabled states that the
-// tree's current row gives the context menu.
+// The form as built: its connections, actions, icons, the key and focus
+// filter, and the enabled states that the tree's current row gives the
+// context menu.
 #include "common/FormFixture.h"
 
 #include "form/CfgIecArven.h"
@@ -9,27 +9,13 @@
 #include "views/SomeModelsIED.h"
 
 #include <QActionGroup>
-#include <QBitmap>
 #include <QDir>
 #include <QFocusEvent>
-#include <QHeaderView>
-#include <QImage>
 #include <QKeyEvent>
 #include <QMainWindow>
-#include <QMenuBar>
-#include <QPixmap>
 #include <QSignalSpy>
-#include <QToolBar>
 
 namespace {
-
-// Texts of a list of actions, "-" for a separator.
-QStringList Texts(const QList<QAction*>& actions) {
-    QStringList out;
-    for (QAction* a : actions)
-        out << (a->isSeparator() ? QString("-") : a->text());
-    return out;
-}
 
 // Whether the filter of the view takes the key.
 bool TakesKey(QWidget* view, int key, Qt::KeyboardModifiers modifiers) {
@@ -38,7 +24,32 @@ bool TakesKey(QWidget* view, int key, Qt::KeyboardModifiers modifiers) {
     return filter && filter->eventFilter(view, &e);
 }
 
+// What Qt says of the connections that can't be made.
+QStringList connectWarnings;
+void CollectConnectWarnings(QtMsgType, const QMessageLogContext&, const QString& text) {
+    if (text.startsWith("QObject::connect: No such"))
+        connectWarnings << text;
+}
+
 } // namespace
+
+// Every signal and slot text of the form names a real one, but for the two
+// connections that are kept as they stand: the statement given as the slot
+// of "Снять флаг соответствия тегам", and the drop signal of the member
+// list, which is a plain list.
+TEST_F(FormTest, ConnectionsThatFailAreTheKeptOnes) {
+    delete FCfgArvenSR; // a form of an earlier test: the entry builds anew
+    FCfgArvenSR = nullptr;
+    connectWarnings.clear();
+    const QtMessageHandler previous = qInstallMessageHandler(CollectConnectWarnings);
+    OpenForm(p.unit2);
+    qInstallMessageHandler(previous);
+    ASSERT_NE(FCfgArvenSR, nullptr);
+    EXPECT_EQ(connectWarnings.join('\n').toStdString(),
+              "QObject::connect: No such slot CfgArvenSR::if "
+              "(pTreeIedModel&&pTreeIedModel->FlagBindTag)pTreeIedModel->FlagBindTag = false;\n"
+              "QObject::connect: No such signal QListWidget::sigRecvData()");
+}
 
 class FormBuilt : public FormTest {
 protected:
@@ -53,27 +64,9 @@ protected:
 
 TEST_F(FormBuilt, BarsMenusAndActions) {
     EXPECT_EQ(f->wMain->centralWidget(), f->splitter1);
-    EXPECT_EQ(Texts(f->mainBar->actions()), QStringList({"Файл", "Редактирование", "Инфо"}));
-    EXPECT_EQ(Texts(f->FileMenu->actions()),
-              QStringList({"Создать файл -- описатель BilateralTable",
-                           "Сохранить BilateralTable в файл", "Обновить DataTypeTemplate"}));
     EXPECT_FALSE(f->actUpDTTP->isVisible());
-    EXPECT_EQ(Texts(f->EditMenu->actions()),
-              QStringList({"Удалить Объект", "Добавить переменную", "Добавить объект в DataSet"}));
-    EXPECT_EQ(Texts(f->InfoMenu->actions()),
-              QStringList({"-", "Корректность тегов", "DataSet&TransSet"}));
     // "Теги" is built, on no bar.
-    EXPECT_EQ(
-        Texts(f->TagsMenu->actions()),
-        QStringList({"Принимаемые значения", "Передаваемые значения", "Принимаемое управление",
-                     "Передаваемое управление", "-", "Пользовательские данные"}));
     EXPECT_FALSE(f->mainBar->actions().contains(f->TagsMenu->menuAction()));
-    EXPECT_EQ(
-        Texts(f->toolBar->actions()),
-        QStringList({"Создать файл -- описатель BilateralTable", "Сохранить BilateralTable в файл",
-                     "Обновить DataTypeTemplate", "Принимаемые значения", "Передаваемые значения",
-                     "Принимаемое управление", "Передаваемое управление", "Удалить Объект", "-",
-                     "Добавить переменную", "Добавить объект в DataSet"}));
 
     // The four modes: one exclusive group, the control modes disabled;
     // showing the form has switched to the transmitted values.
@@ -81,14 +74,6 @@ TEST_F(FormBuilt, BarsMenusAndActions) {
     EXPECT_TRUE(f->actModePass->isChecked() && f->actModeRecv->isEnabled());
     EXPECT_FALSE(f->actModeCtrlRecv->isEnabled() || f->actModeCtrlPass->isEnabled());
 
-    // Context menus.
-    EXPECT_EQ(Texts(f->MenuIed->actions()),
-              QStringList({"-", "-", "-", "Тип объекта", "Найти в тегах",
-                           "Добавить объект в DataSet", "Удалить Объект", "Переименовать"}));
-    EXPECT_EQ(Texts(f->MenuTags->actions()),
-              QStringList({"Удалить теги(папки)", "Создать папку", "Найти в дереве устройства"}));
-    EXPECT_EQ(Texts(f->lWInfo_2->actions()),
-              QStringList({"Удалить объект из DataSet", "Переместить объект(ы) "}));
     EXPECT_TRUE(f->actUnBind->associatedWidgets().isEmpty());
 
     // The file commands ask for their files (the dialog trims the blanks of

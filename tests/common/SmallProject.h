@@ -29,6 +29,17 @@ struct SmallProject {
     HostObject* tagPass;   // Data_RealQ in ICC_2, under folder[1]
 };
 
+// A parameter to add to an object.
+inline HostParam Param(const char* name, TCfgPropType type, const QVariant& value,
+                       const char* caption = "") {
+    HostParam param;
+    param.name = name;
+    param.type = type;
+    param.value = value;
+    param.caption = caption;
+    return param;
+}
+
 // A slot of the stand-in host's table, typed, as the plug-in calls it.
 template <typename F> F HostSlot(int slot) {
     return reinterpret_cast<F>(HostProject::table()[slot]);

@@ -17,12 +17,7 @@ TEST(ProjectFile, RoundTripKeepsTreeValuesAndKeys) {
     p.unit2->set("$DATARUN", QByteArray("\xff\xfe\0bin", 6));
     p.tagReal->set("procMul", 0.1);
     p.tagReal->set("procInvert", true);
-    HostParam extra;
-    extra.name = "extraRatio";
-    extra.type = cptDouble;
-    extra.value = 2.0;
-    extra.caption = "Коэффициент";
-    p.line->addParam(extra);
+    p.line->addParam(Param("extraRatio", cptDouble, 2.0, "Коэффициент"));
 
     const QByteArray json = ProjectToJson(p.host);
     HostProject copy;
@@ -137,18 +132,8 @@ TEST(ProjectFile, WrittenInTheIndentedJsonLayout) {
     // end becomes U+FFFD, as a UTF-8 decoding gives them.
     root->set("caption", QByteArray("\xEF\xBB\xBF"
                                     "a \"q\" \\\t\x01\xD0"));
-    HostParam ratio;
-    ratio.name = "ratio";
-    ratio.type = cptDouble;
-    ratio.caption = "К";
-    ratio.value = 0.25;
-    root->addParam(ratio);
-    HostParam blob;
-    blob.name = "blob";
-    blob.type = cptText;
-    blob.caption = "b";
-    blob.value = QByteArray("\xff");
-    root->addParam(blob);
+    root->addParam(Param("ratio", cptDouble, 0.25, "К"));
+    root->addParam(Param("blob", cptText, QByteArray("\xff"), "b"));
     const QByteArray expected =
         "{\n"
         "    \"format\": \"cfghost-project\",\n"
@@ -193,10 +178,7 @@ TEST(ProjectFile, WrittenInTheIndentedJsonLayout) {
     tag->set("procAdd", -0.1);
     tag->set("procClear", 1e300);
     tag->set("procAperture", 1.0 / 3);
-    HostParam big = ratio;
-    big.name = "Zeta";
-    big.value = -2147483648.0;
-    tag->addParam(big);
+    tag->addParam(Param("Zeta", cptDouble, -2147483648.0, "К"));
     const QByteArray json = ProjectToJson(demo);
     EXPECT_EQ(QJsonDocument::fromJson(json).toJson(QJsonDocument::Indented), json);
 }

@@ -69,8 +69,8 @@ TEST(Range, UpperBoundKeepsItsEqualsSignAndReadsAsZero) {
         const char* text;
         bool ok;
         int low, high;
-    } ints[] = {{"10=20", true, 10, 0}, {"1020", false, 5, 5}, {nullptr, false, 5, 5},
-                {"=9", true, 0, 0}};
+    } ints[] = {
+        {"10=20", true, 10, 0}, {"1020", false, 5, 5}, {nullptr, false, 5, 5}, {"=9", true, 0, 0}};
     for (const auto& r : ints) {
         int low = 5, high = 5;
         EXPECT_EQ(getIRange(r.text, low, high), r.ok);

@@ -27,10 +27,9 @@ TEST_F(PropPane, UnitRowsTakeCaptionsAndFlagsOfTheTable) {
             }
         }
     });
-    const QStringList described = {"Базовые свойства/Номер в конфигурации: 0 1 2",
-                                   "Базовые свойства/Протокол: 0 1 2",
-                                   "Базовые свойства/Наименование: 1 1 2",
-                                   "Базовые свойства/Использование: 1 1 2"};
+    const QStringList described = {
+        "Базовые свойства/Номер в конфигурации: 0 1 2", "Базовые свойства/Протокол: 0 1 2",
+        "Базовые свойства/Наименование: 1 1 2", "Базовые свойства/Использование: 1 1 2"};
     EXPECT_EQ(rows.mid(0, described.size()).join('\n').toStdString(),
               described.join('\n').toStdString());
     // A limit isn't described: the host's caption, and no edit in the pane.

@@ -42,61 +42,62 @@ protected:
 
 } // namespace
 
-TEST_F(Titles, TagsGetTheirNumberFoldersAndUnitsDoNot) {
-    // Tags are numbered over the unit: Freq 1, Q1 2, P 3.
-    EXPECT_EQ(GetTitle(p.tagReal), "Частота_1");
-    EXPECT_EQ(GetTitle(p.tagState), "Выключатель Q1_2");
-    EXPECT_EQ(GetTitle(p.folder[0]), "Принимаемые");
-    EXPECT_EQ(GetTitle(p.subFolder), "Ячейка 1");
-    // The unit's class formats caption and number itself.
-    EXPECT_EQ(GetTitle(p.unit2), "Сервер 2 (№ 2)");
-}
-
-TEST_F(Titles, DegradeToNullptrAndUnknow) {
-    p.host.failSlot(slotObClassText);
-    EXPECT_EQ(GetTitle(p.tagReal), "NULLPTR");
-    EXPECT_EQ(GetTitle(p.folder[0]), "NULLPTR");
-    p.host.clearFaults();
-
-    // No parameter of the title list can be read: no number is added.
-    p.host.failParam("caption", HostProject::FailRead);
-    EXPECT_EQ(GetTitle(p.tagReal), "Unknow");
-    EXPECT_EQ(GetTitle(p.folder[1]), "Unknow");
-    p.host.clearFaults();
-
-    // The number can't be read: a tag ends in "_0".
-    p.host.failParam("number", HostProject::FailRead);
-    EXPECT_EQ(GetTitle(p.tagPass), "Мощность_0");
-    p.host.clearFaults();
-
-    EXPECT_EQ(GetTitle(nullptr), "NULLPTR");
+TEST_F(Titles, TitlesOfTheHostsClassesAndTheirFallbacks) {
+    // Tags are numbered over the unit: Freq 1, Q1 2, P 3. The unit's class
+    // formats caption and number itself.
+    const std::pair<HostObject*, const char*> plain[] = {
+        {p.tagReal, "Частота_1"},  {p.tagState, "Выключатель Q1_2"}, {p.folder[0], "Принимаемые"},
+        {p.subFolder, "Ячейка 1"}, {p.unit2, "Сервер 2 (№ 2)"},      {nullptr, "NULLPTR"}};
+    for (const auto& r : plain)
+        EXPECT_EQ(GetTitle(r.first), r.second);
+    // No class texts; no parameter of the title list readable (no number
+    // added); the number unreadable (a tag ends in "_0").
+    const struct {
+        int slot;
+        const char* param;
+        HostObject* ob;
+        const char* title;
+    } faults[] = {{slotObClassText, nullptr, p.tagReal, "NULLPTR"},
+                  {slotObClassText, nullptr, p.folder[0], "NULLPTR"},
+                  {-1, "caption", p.tagReal, "Unknow"},
+                  {-1, "caption", p.folder[1], "Unknow"},
+                  {-1, "number", p.tagPass, "Мощность_0"}};
+    for (const auto& r : faults) {
+        if (r.param)
+            p.host.failParam(r.param, HostProject::FailRead);
+        else
+            p.host.failSlot(r.slot);
+        EXPECT_EQ(GetTitle(r.ob), r.title);
+        p.host.clearFaults();
+    }
     pGlobcfgInterface = nullptr;
     EXPECT_EQ(GetTitle(p.tagReal), "NULLPTR");
 }
 
 TEST_F(Titles, TitleListsAndTemplates) {
-    // Parts are trimmed, empty ones skipped, unreadable ones left out.
-    script(" tag_name , ,nothing,domain,", "%s in ICC %s");
-    EXPECT_EQ(GetTitle(p.tagState), "Q1 in ICC 1_2");
-
-    // Values render as for the property tree: booleans as words.
-    script("using,caption", "[%s] %s");
-    EXPECT_EQ(GetTitle(p.folder[2]), "[true] Управление принимаемое");
-
-    // Five values are the most a title takes; a sixth makes it "Unknow".
-    script("caption,number,using,tag_name,domain", "%s|%s|%s|%s|%s");
-    EXPECT_EQ(GetTitle(p.tagReal), "Частота|1|true|Freq|0_1");
-    script("caption,number,using,tag_name,domain,isinDataSet", "%s|%s|%s|%s|%s|%s");
-    EXPECT_EQ(GetTitle(p.tagReal), "Unknow_1");
-    // Only three of them are a folder's: the template's other conversions take
-    // empty texts.
-    EXPECT_EQ(GetTitle(p.folder[0]), "Принимаемые|1|true|||");
-
-    // No title list at all.
-    script(nullptr, "%s");
-    EXPECT_EQ(GetTitle(p.folder[0]), "Unknow");
-    script("caption", nullptr);
-    EXPECT_EQ(GetTitle(p.folder[0]), "NULLPTR");
+    const struct {
+        const char *title, *format;
+        HostObject* ob;
+        const char* text;
+    } rows[] = {// Parts are trimmed, empty ones skipped, unreadable ones left out.
+                {" tag_name , ,nothing,domain,", "%s in ICC %s", p.tagState, "Q1 in ICC 1_2"},
+                // Values render as for the property tree: booleans as words.
+                {"using,caption", "[%s] %s", p.folder[2], "[true] Управление принимаемое"},
+                // Five values are the most a title takes; a sixth makes it "Unknow".
+                {"caption,number,using,tag_name,domain", "%s|%s|%s|%s|%s", p.tagReal,
+                 "Частота|1|true|Freq|0_1"},
+                {"caption,number,using,tag_name,domain,isinDataSet", "%s|%s|%s|%s|%s|%s", p.tagReal,
+                 "Unknow_1"},
+                // Only three of them are a folder's: the other conversions take
+                // empty texts.
+                {"caption,number,using,tag_name,domain,isinDataSet", "%s|%s|%s|%s|%s|%s",
+                 p.folder[0], "Принимаемые|1|true|||"},
+                {nullptr, "%s", p.folder[0], "Unknow"}, // no title list at all
+                {"caption", nullptr, p.folder[0], "NULLPTR"}};
+    for (const auto& r : rows) {
+        script(r.title, r.format);
+        EXPECT_EQ(GetTitle(r.ob), r.text);
+    }
 }
 
 TEST_F(Titles, FormatTakesOneToFiveTexts) {

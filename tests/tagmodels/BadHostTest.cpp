@@ -88,8 +88,7 @@ TEST_F(BadHost, ChildrenOfTheWrongKindOrLoopingBack) {
         });
     patched.patch(
         slotObChildList, +[](void* ob, int kind, void** list, int capacity) {
-            const int stored =
-                HostSlot<TcfgObChildList>(slotObChildList)(ob, kind, list, capacity);
+            const int stored = HostSlot<TcfgObChildList>(slotObChildList)(ob, kind, list, capacity);
             if (stored > 1)
                 list[1] = nullptr;
             if (stored > 0)

@@ -22,7 +22,8 @@ protected:
     QStringList shown(const QModelIndex& parent = QModelIndex()) {
         QStringList texts;
         for (int r = 0; r < model.rowCount(parent); ++r)
-            texts << model.index(r, 0, parent).data().toString() << shown(model.index(r, 0, parent));
+            texts << model.index(r, 0, parent).data().toString()
+                  << shown(model.index(r, 0, parent));
         return texts;
     }
     QModelIndexList find(void* ob) { return FindRows(model, ob); }
@@ -46,18 +47,12 @@ TEST_F(TagModel, RowsParentsAndTexts) {
         int rows;
         std::initializer_list<int> parent; // {-1}: none
         const char* text;
-    } rows[] = {{{}, nullptr, 3, {-1}, nullptr},
-                {{0}, tree.s1, 2, {-1}, "Ячейка 1"},
-                {{1}, tree.s2, 1, {-1}, "Ячейка 2"},
-                {{2}, tree.t1, 0, {-1}, "t1_1"},
-                {{3}, tree.t2, 0, {-1}, "t2_2"},
-                {{4}, tree.t3, 0, {-1}, "t3_3"},
-                {{5}, nullptr, -1, {-1}, nullptr},
-                {{-1}, nullptr, -1, {-1}, nullptr},
-                {{0, 0}, tree.s11, 1, {0}, "Отсек"},
-                {{0, 1}, tree.a1, 0, {0}, "a1_4"},
-                {{0, 2}, tree.a2, 0, {0}, "a2_5"},
-                {{0, 0, 0}, tree.c1, 0, {0, 0}, "c1_7"}};
+    } rows[] = {{{}, nullptr, 3, {-1}, nullptr},     {{0}, tree.s1, 2, {-1}, "Ячейка 1"},
+                {{1}, tree.s2, 1, {-1}, "Ячейка 2"}, {{2}, tree.t1, 0, {-1}, "t1_1"},
+                {{3}, tree.t2, 0, {-1}, "t2_2"},     {{4}, tree.t3, 0, {-1}, "t3_3"},
+                {{5}, nullptr, -1, {-1}, nullptr},   {{-1}, nullptr, -1, {-1}, nullptr},
+                {{0, 0}, tree.s11, 1, {0}, "Отсек"}, {{0, 1}, tree.a1, 0, {0}, "a1_4"},
+                {{0, 2}, tree.a2, 0, {0}, "a2_5"},   {{0, 0, 0}, tree.c1, 0, {0, 0}, "c1_7"}};
     for (const auto& r : rows) {
         const QModelIndex i = at(r.path);
         SCOPED_TRACE(r.text ? r.text : "-");
@@ -100,11 +95,7 @@ TEST_F(TagModel, RowsParentsAndTexts) {
     // Captions: empty, or of a type that isn't text.
     tree.s2->set("caption", QString());
     EXPECT_EQ(at({1}).data(), QVariant("Empty Caption"));
-    HostParam number;
-    number.name = "caption";
-    number.type = cptInt;
-    number.value = 12;
-    tree.s11->addParam(number);
+    tree.s11->addParam(Param("caption", cptInt, 12));
     EXPECT_EQ(at({0, 0}).data(), QVariant("Unk Type Caption"));
 
     // With the unit as root, its base folder comes before its own tags; the
@@ -211,7 +202,8 @@ TEST_F(TagModel, DeleteTagAndDeleteNode) {
     model.DeleteNode(at({0, 1}), tree.a1);
     model.DeleteNode(at({1}), tree.s2);
     model.DeleteNode(QModelIndex(), tree.t2);
-    const std::pair<std::initializer_list<int>, int> rows[] = {{{}, 2}, {{0}, 0}, {{0}, 1}, {{}, 1}};
+    const std::pair<std::initializer_list<int>, int> rows[] = {
+        {{}, 2}, {{0}, 0}, {{0}, 1}, {{}, 1}};
     ASSERT_EQ(removed.size(), 4);
     for (int i = 0; i < 4; ++i) {
         EXPECT_EQ(removed[i][0].value<QModelIndex>(), at(rows[i].first)) << i;

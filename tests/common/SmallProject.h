@@ -53,3 +53,17 @@ struct PatchedTable {
     template <typename F> void patch(int slot, F f) { fns[slot] = reinterpret_cast<TCfgSlotFn>(f); }
     TCfgSlotFn fns[cfgSlotCount];
 };
+
+extern TCfgSlotFn* pGlobcfgInterface; // the plug-in's, where a test links it
+
+// The plug-in's table of services while the object lives (the stand-in's
+// unless given); the one before comes back after.
+struct TableInUse {
+    explicit TableInUse(TCfgSlotFn* table = HostProject::table()) : old(pGlobcfgInterface) {
+        pGlobcfgInterface = table;
+    }
+    ~TableInUse() { pGlobcfgInterface = old; }
+    TableInUse(const TableInUse&) = delete;
+    TableInUse& operator=(const TableInUse&) = delete;
+    TCfgSlotFn* old;
+};

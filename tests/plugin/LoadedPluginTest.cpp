@@ -9,7 +9,8 @@ TEST(LoadedPlugin, RefusesACallWithoutALine) {
     MessageBoxRecorder boxes;
     void* lib = dlopen(ICCP_PLUGIN_PATH, RTLD_NOW | RTLD_LOCAL);
     ASSERT_NE(lib, nullptr) << dlerror();
-    auto formGet = reinterpret_cast<void* (*)(void*, void*, void*, void*)>(dlsym(lib, "CfgFormGet"));
+    auto formGet =
+        reinterpret_cast<void* (*)(void*, void*, void*, void*)>(dlsym(lib, "CfgFormGet"));
     ASSERT_NE(formGet, nullptr);
     EXPECT_NE(dlsym(lib, "CfgFormPut"), nullptr);
     EXPECT_NE(dlsym(lib, "CfgVersion"), nullptr);

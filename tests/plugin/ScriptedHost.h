@@ -7,18 +7,23 @@
 struct ScriptedHost {
     ScriptedHost() {
         current = this;
-        put(slotObType, +[](void*) { return int(cotUnit); });
-        put(slotPropIndex, +[](void*, const char*) { return current->index; });
-        put(slotPropGet, +[](void*, const char*, cfgParamValue* v) {
-            *v = current->value;
-            return current->readOk;
-        });
-        put(slotPropSet, +[](void*, const char* name, const cfgParamValue* v) {
-            return current->record(slotPropSet, -1, name, v);
-        });
-        put(slotPropSetAt, +[](void*, int i, const cfgParamValue* v) {
-            return current->record(slotPropSetAt, i, nullptr, v);
-        });
+        put(
+            slotObType, +[](void*) { return int(cotUnit); });
+        put(
+            slotPropIndex, +[](void*, const char*) { return current->index; });
+        put(
+            slotPropGet, +[](void*, const char*, cfgParamValue* v) {
+                *v = current->value;
+                return current->readOk;
+            });
+        put(
+            slotPropSet, +[](void*, const char* name, const cfgParamValue* v) {
+                return current->record(slotPropSet, -1, name, v);
+            });
+        put(
+            slotPropSetAt, +[](void*, int i, const cfgParamValue* v) {
+                return current->record(slotPropSetAt, i, nullptr, v);
+            });
     }
     template <typename F> void put(int slot, F f) { fns[slot] = reinterpret_cast<TCfgSlotFn>(f); }
     bool record(int slot, int at, const char* name, const cfgParamValue* v) {
@@ -26,7 +31,8 @@ struct ScriptedHost {
         writeIndex = at;
         writeName = name;
         written = *v;
-        writtenBytes = v->type == cptText && v->text ? QByteArray(v->text, v->length) : QByteArray();
+        writtenBytes =
+            v->type == cptText && v->text ? QByteArray(v->text, v->length) : QByteArray();
         return writeOk;
     }
 

@@ -52,8 +52,7 @@ TEST_F(BadHost, FailingReadsGiveFallbackTexts) {
 }
 
 TEST_F(BadHost, SearchEndsWhereParentsCantBePlaced) {
-    // Without child lists no parent can be placed: every row reports itself
-    // as top level, and a search must still descend each folder once.
+    // No parent can be placed: rows are top level, a search descends each folder once.
     p.host.failSlot(slotObChildList);
     const QModelIndex s1 = model.index(0, 0);
     const QModelIndex c1 = model.index(0, 0, model.index(0, 0, s1));
@@ -71,9 +70,7 @@ TEST_F(BadHost, SearchEndsWhereParentsCantBePlaced) {
 }
 
 TEST_F(BadHost, ChildrenOfTheWrongKindOrLoopingBack) {
-    // The base's first tag is a folder, s1's first folder is s1 itself, s2's
-    // first tag is the base, and every child list starts with a tag and
-    // holds a null.
+    // Children that are folders, s1 itself or the base; lists with a tag first and a null.
     PatchedHost patched;
     wrong = &tree;
     patched.patch(
@@ -106,8 +103,7 @@ TEST_F(BadHost, ChildrenOfTheWrongKindOrLoopingBack) {
     // s1 isn't in its owner's folder list any more.
     EXPECT_FALSE(model.parent(model.index(1, 0, s1)).isValid());
 
-    // s2 stands in two rows and is searched once; b1 lay behind a row left
-    // out.
+    // s2 stands in two rows and is searched once; b1 lay behind a row left out.
     EXPECT_EQ(find(tree.a1).size(), 1);
     EXPECT_EQ(find(tree.s2).size(), 2);
     EXPECT_TRUE(find(tree.b1).isEmpty());

@@ -193,3 +193,55 @@ TEST_F(AddToDataSet, OnlyVariablesOfOneFolderAreTaken) {
         EXPECT_TRUE(version->refDSRT.isEmpty());
     });
 }
+
+TEST_F(AddToDataSet, SeveralVariablesWithAMemberAmongThem) {
+    QList<HostObject*> tags; // A_21 .. E_25 in ICC_1, B_22 in its data set 2
+    for (int i = 0; i < 5; ++i)
+        tags << AddTag(p.subFolder, cotSource, 21 + i, QByteArray(1, char('A' + i)), 19, 1,
+                       i == 1 ? 2 : 0, 0);
+    OpenForm(p.unit, [&](CfgArvenSR* f) {
+        auto rows = [&](const QList<int>& which) {
+            QModelIndexList out;
+            for (int i : which)
+                out << VarRow(*f->pTreeIedModel, VarOfTag(ICC(1)->Vars, tags[i]));
+            return out;
+        };
+        f->lWInfo->setCurrentItem(f->lWInfo->findItems("ICC_1/DataSet_2", Qt::MatchExactly)[0]);
+        // A member whose tag holds the set's number is passed over in silence;
+        // each other one goes in front of the members.
+        {
+            ChoiceScript script({1});
+            Select(f, rows({0, 1, 2}));
+            f->OnAddOb2DS();
+        }
+        EXPECT_EQ(boxes.count(), 0);
+        // Its tag says another set: the number is written, the refusal told,
+        // and the variables after it are left out.
+        tags[1]->set("isinDataSet", 3);
+        {
+            ChoiceScript script({1});
+            Select(f, rows({3, 1, 4}));
+            f->OnAddOb2DS();
+        }
+        const QStringList members = {"ICC_1/D_24", "ICC_1/C_23", "ICC_1/A_21", "ICC_1/B_22"};
+        StringList& elems = DataSetOf(ICC(1)->DataSets, 2)->Elems;
+        QStringList keys, shown;
+        for (int i = 0; i < elems.Count; ++i)
+            keys << QString::fromStdString(elems.Strings(i));
+        for (int i = 0; i < f->lWInfo_2->count(); ++i)
+            shown << f->lWInfo_2->item(i)->text();
+        EXPECT_EQ(keys.mid(0, 4), members);
+        EXPECT_EQ(shown.mid(0, 4), members);
+    });
+    EXPECT_EQ(BoxTexts(), QStringList("Сообщение|ССылка уже существует"));
+    QList<int> numbers;
+    for (HostObject* tag : tags)
+        numbers << tag->get("isinDataSet").toInt();
+    EXPECT_EQ(numbers, QList<int>({2, 2, 2, 2, 0}));
+    EXPECT_TRUE(Datarun(p.unit).contains("<DcDataSet  name = \"DataSet_2\"  desc=\"\" > \n"
+                                         "         <ElemDS name=\"ICC_1/D_24\" /> \n"
+                                         "         <ElemDS name=\"ICC_1/C_23\" /> \n"
+                                         "         <ElemDS name=\"ICC_1/A_21\" /> \n"
+                                         "         <ElemDS name=\"ICC_1/B_22\" /> \n"
+                                         "      </DcDataSet>"));
+}

@@ -31,73 +31,50 @@ protected:
         FormTest::SetUp();
         p.unit2->set("maxICC", 2);
         p.unit2->set("maxDS", 2);
-        folder = p.host.create(p.unit2, cotFolderSource, 0, "Arven");
-        sub = p.host.create(folder, cotFolderSource, 0, "Arven");
     }
-    // A tag of unit2 with a fixed number, made while the form is open.
-    HostObject* Tag(HostObject* parent, int kind, int number, const QByteArray& name, int type,
-                    int domain, int dataSet, int sbo = 0) {
-        HostObject* tag = p.host.create(parent, kind, number, "IecArven");
-        tag->set("tag_name", name);
-        tag->set("tag_type", type);
-        tag->set("domain", domain);
-        tag->set("isinDataSet", dataSet);
-        tag->set("caption", QString("Подпись %1").arg(number));
-        tag->set("presentSBO", sbo);
-        return tag;
-    }
-    HostObject* folder = nullptr;
-    HostObject* sub = nullptr;
 };
 
-TEST_F(CreateVars, TagsBecomeVariablesOfTheirOwnerAndDataSet) {
+// What the text that the close writes cannot show: the variable's class and
+// tag, the twin bound to nothing, the set's shown content. The names, twins
+// and memberships are pinned by the whole-road texts.
+TEST_F(CreateVars, TagsBecomeBoundVariablesOfTheirOwner) {
+    struct Case {
+        int kind;
+        QByteArray name;
+        int type, domain, dataSet, sbo;
+        const char* made;
+        int isDO;
+        const char* twin;
+    };
+    const Case cases[] = {{cotSource, "Freq", 4, 0, 7, 0, "Freq_901", 0, nullptr},
+                          {cotSource, "", 19, 2, 1, 1, "State_902", 0, "State_902_SBO"},
+                          {cotSource, "Q", 28, 1, 5, 1, "Q_903", 1, nullptr}};
     OpenForm(p.unit2, [&](CfgArvenSR* f) {
-        int isDO = -1;
-        // A VCC variable of any data set number joins the VCC's first set.
-        HostObject* real = Tag(sub, cotSource, 901, "Freq", 4, 0, 7);
-        DcICCPBase* v = f->CreateNewVarSimple(real, isDO, -1);
-        ASSERT_NE(v, nullptr);
-        EXPECT_EQ(v->ClassName(), "DcDA");
-        EXPECT_EQ(isDO, 0);
-        EXPECT_EQ(Var(pVCC->Vars, "Freq_901"), v);
-        EXPECT_EQ(v->BoundTag, real);
-        EXPECT_EQ(DataSetOf(pVCC->DataSets, 1)->Elems.Strings(0), "Freq_901");
-
-        // A nameless tag takes its type's default name; kind 0 with
-        // "presentSBO" gets a twin that is bound to nothing.
-        HostObject* state = Tag(folder, cotSource, 902, "", 19, 2, 2, 1);
-        v = f->CreateNewVarSimple(state, isDO, -1);
-        ASSERT_NE(v, nullptr);
-        EXPECT_EQ(v->name, "State_902");
-        EXPECT_EQ(Var(ICC(2)->Vars, "State_902"), v);
-        DcICCPBase* twin = Var(ICC(2)->Vars, "State_902_SBO");
-        ASSERT_NE(twin, nullptr);
-        EXPECT_EQ(static_cast<DcDA*>(twin)->type, "Data_State");
-        EXPECT_EQ(twin->BoundTag, nullptr);
-        StringList& members = DataSetOf(ICC(2)->DataSets, 2)->Elems;
-        EXPECT_EQ(members.Strings(0), "ICC_2/State_902");
-        EXPECT_EQ(FindIdObjByPtr(twin, &members), -1);
-
-        // No twin for a transmitted kind, nor for a structure; a data set
-        // number past the ICC's sets makes no member and stays on the tag.
-        v = f->CreateNewVarSimple(
-            Tag(p.host.create(p.unit2, cotFolderPass), cotPass, 903, "P", 19, 1, 1, 1), isDO, -1);
-        ASSERT_NE(v, nullptr);
-        EXPECT_EQ(Var(ICC(1)->Vars, "P_903_SBO"), nullptr);
-        HostObject* structure = Tag(folder, cotSource, 904, "Q", 28, 1, 5, 1);
-        v = f->CreateNewVarSimple(structure, isDO, -1);
-        ASSERT_NE(v, nullptr);
-        EXPECT_EQ(v->ClassName(), "DcDO");
-        EXPECT_EQ(isDO, 1);
-        EXPECT_EQ(Var(ICC(1)->Vars, "Q_904_SBO"), nullptr);
-        for (int set : {1, 2})
-            EXPECT_EQ(FindIdObjByPtr(v, &DataSetOf(ICC(1)->DataSets, set)->Elems), -1);
-        EXPECT_EQ(structure->get("isinDataSet").toInt(), 5);
-
+        HostObject* folder = p.host.create(p.unit2, cotFolderSource, 0, "Arven");
+        int number = 901;
+        for (const Case& c : cases) {
+            SCOPED_TRACE(c.made);
+            int isDO = -1;
+            HostObject* tag = AddTag(folder, c.kind, number++, c.name, c.type, c.domain, c.dataSet,
+                                     c.sbo);
+            DcICCPBase* v = f->CreateNewVarSimple(tag, isDO, -1);
+            const StringList& vars = c.domain ? ICC(c.domain)->Vars : pVCC->Vars;
+            ASSERT_NE(v, nullptr);
+            EXPECT_EQ(Var(vars, c.made), v);
+            EXPECT_EQ(v->ClassName(), c.isDO ? "DcDO" : "DcDA");
+            EXPECT_EQ(isDO, c.isDO);
+            EXPECT_EQ(v->BoundTag, tag);
+            if (c.twin) {
+                ASSERT_NE(Var(vars, c.twin), nullptr);
+                EXPECT_EQ(Var(vars, c.twin)->BoundTag, nullptr);
+            }
+        }
         // A member of the set shown in the data set list shows up at once.
         f->lWInfo->setCurrentRow(f->lWInfo->count() - 1);
         ASSERT_EQ(f->lWInfo->currentItem()->text(), "ICC_2/DataSet_2");
-        v = f->CreateNewVarSimple(Tag(folder, cotSource, 905, "Shown", 4, 2, 2), isDO, -1);
+        int isDO = 0;
+        DcICCPBase* v =
+            f->CreateNewVarSimple(AddTag(folder, cotSource, 905, "Shown", 4, 2, 2, 0), isDO, -1);
         EXPECT_EQ(f->lWInfo_2->item(0)->text(), "ICC_2/Shown_905");
         EXPECT_EQ(f->lWInfo_2->item(0)->data(Qt::UserRole).value<void*>(), v);
         EXPECT_EQ(boxes.count(), 0);
@@ -256,20 +233,4 @@ TEST_F(CreateVars, DisplayTreesOfAVariable) {
         root.FirstChild->DeleteSubTree();
         top.FirstChild->DeleteSubTree();
     });
-}
-
-TEST_F(CreateVars, TagsOfAUnitReachItsBlob) {
-    // An ICC value with a twin in the ICC's set, and a nameless VCC value
-    // whose set number points past the VCC's only set.
-    HostObject* q = Tag(sub, cotSource, 1, "Q", 19, 1, 1, 1);
-    q->set("caption", QString("Выключатель"));
-    HostObject* nameless =
-        Tag(p.host.create(p.unit2, cotFolderPass, 0, "Arven"), cotPass, 2, "", 17, 0, 3, 1);
-    nameless->set("caption", QString("Счётчик"));
-    p.unit2->set("maxICC", 1);
-    p.unit2->set("maxDS", 1);
-    OpenForm(p.unit2);
-    EXPECT_EQ(Datarun(p.unit2).toStdString(), Golden("datarun_tags.txt"));
-    EXPECT_EQ(nameless->get("tag_name").toString(), "I16");
-    EXPECT_EQ(boxes.count(), 0);
 }

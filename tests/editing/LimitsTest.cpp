@@ -1,6 +1,7 @@
 // The limits of the unit as they reach the open form, and the twin's row
 // value of a tag.
 #include "common/FormFixture.h"
+#include "common/ItemTexts.h"
 #include "common/ModelLookup.h"
 
 #include "form/CfgIecArven.h"
@@ -32,12 +33,19 @@ TEST_F(Limits, MaxICCOnlyGrows) {
     });
 }
 
-TEST_F(Limits, MaxDSTakesAnyValue) {
-    p.unit2->set("maxDS", 4);
+TEST_F(Limits, MaxDSGrowsTheSetsAndTakesAnyValue) {
     OpenForm(p.unit2, [](CfgArvenSR* f) {
-        EXPECT_TRUE(f->ChangemaxDS(1, 4));
+        // The new rows are checked as they come by the fixture's model tester.
+        EXPECT_TRUE(f->ChangemaxDS(3, 1));
+        EXPECT_EQ(ICCdata.maxDS, 3);
+        const QModelIndex vccSets = f->pTreeIedModel->index(0, 0, f->pTreeIedModel->index(0, 0));
+        EXPECT_EQ(ChildTexts(*f->pTreeIedModel, vccSets),
+                  QStringList({"DataSet_1", "DataSet_2", "DataSet_3"}));
+        EXPECT_EQ(ICC(1)->DataSets.Count, 3);
+        EXPECT_EQ(ICC(1)->TransSets.Count, 3);
+        EXPECT_TRUE(f->ChangemaxDS(1, 3));
         EXPECT_EQ(ICCdata.maxDS, 1);
-        EXPECT_EQ(ICC(1)->DataSets.Count, 4);
+        EXPECT_EQ(pVCC->DataSets.Count, 3);
     });
 }
 

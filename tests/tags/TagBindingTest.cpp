@@ -1,17 +1,20 @@
 // Binding keys, the tag record and its default name, the jumps between the
 // views, and the tag commands against a host that misbehaves.
-#include "TagsFixture.h"
+#include "common/FormFixture.h"
 
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
 #include "plugin/CfgIecArvenlib.h"
 #include "tags/TagBinding.h"
+#include "views/CpropNode.h"
 #include "views/SomeModelsIED.h"
 #include "views/UnitTagsModel.h"
 
 #include <QStatusBar>
 
-TEST_F(TagsTest, TagDataNamesANamelessTagOnce) {
+using Tags = FormTest;
+
+TEST_F(Tags, TagDataNamesANamelessTagOnce) {
     HostObject* nameless = p.addTag(p.folder[0], cotSource, "", 0, 1, 2, "Без имени");
     HostObject* badType = p.addTag(p.folder[0], cotSource, "", 9999, 0, 0, "");
     OpenForm(p.unit, [&](CfgArvenSR*) {
@@ -32,7 +35,7 @@ TEST_F(TagsTest, TagDataNamesANamelessTagOnce) {
     EXPECT_EQ(badType->get("tag_name").toByteArray(), "");
 }
 
-TEST_F(TagsTest, BindKeysAndFindAcrossViews) {
+TEST_F(Tags, BindKeysAndFindAcrossViews) {
     HostObject* second = p.addTag(p.folder[0], cotSource, "Other", 4, 0, 0, "");
     const QByteArray stateKey = "ICC_1/Q1_" + p.tagState->get("number").toByteArray();
     p.tagReal->set("tag_id", QByteArray("Noname12"));
@@ -63,7 +66,7 @@ TEST_F(TagsTest, BindKeysAndFindAcrossViews) {
         form->tVTags->setCurrentIndex(TagRow(form, p.subFolder));
         form->OnBindTag();
         form->tVTags->setCurrentIndex(TagRow(form, p.tagReal));
-        form->tVIed->setCurrentIndex(VarRow(form, "ICC_1"));
+        form->tVIed->setCurrentIndex(NamedRow(form, "ICC_1"));
         form->OnBindTag();
         form->tVIed->setCurrentIndex(row);
         form->OnBindTag();
@@ -89,7 +92,7 @@ TEST_F(TagsTest, BindKeysAndFindAcrossViews) {
                                        "Предупреждение|В связях участвуют только объекты DA"}));
 }
 
-TEST_F(TagsTest, TagCommandsSurviveABadHost) {
+TEST_F(Tags, TagCommandsSurviveABadHost) {
     OpenForm(p.unit, [&](CfgArvenSR* form) {
         ShowTags(form, 0, p.folder[0]);
         p.host.mixChildLists(true);

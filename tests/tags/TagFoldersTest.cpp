@@ -1,6 +1,6 @@
 // Folders and tags made in the host, the folder command, and the deletes of
 // the tag view with the variables they take along.
-#include "TagsFixture.h"
+#include "common/FormFixture.h"
 #include "common/ModelLookup.h"
 
 #include "form/CfgIecArven.h"
@@ -41,7 +41,9 @@ DcICCPBase* MakeVar(CfgArvenSR* form, HostObject* tag) {
 
 } // namespace
 
-TEST_F(TagsTest, FolderAndTagFunctionsUseTheirModuleKeys) {
+using Tags = FormTest;
+
+TEST_F(Tags, FolderAndTagFunctionsUseTheirModuleKeys) {
     pGlobcfgInterface = HostProject::table();
     QString name = "Ячейка 1";
     EXPECT_FALSE(CreateSecFlg(p.folder[0], cotFolderSource, name)); // a sibling has it
@@ -73,7 +75,7 @@ TEST_F(TagsTest, FolderAndTagFunctionsUseTheirModuleKeys) {
     EXPECT_EQ(CreateTag(nullptr, kind), nullptr);
 }
 
-TEST_F(TagsTest, CreateFolderCommand) {
+TEST_F(Tags, CreateFolderCommand) {
     HostObject* unitTag = p.addTag(p.unit, cotPass, "Loose", 4, 0, 0, "Вне папок");
     OpenForm(p.unit, [&](CfgArvenSR* form) {
         ShowTags(form, 0, p.folder[0]);
@@ -107,7 +109,7 @@ TEST_F(TagsTest, CreateFolderCommand) {
                                        "Сообщение|Отсутствует базовая папка"}));
 }
 
-TEST_F(TagsTest, DeletesTakeTagsWithTheirVariables) {
+TEST_F(Tags, DeletesTakeTagsWithTheirVariables) {
     HostObject* freeTag = p.addTag(p.subFolder, cotSource, "Spare", 4, 0, 0, "Без переменной");
     HostObject* inner = p.host.create(p.subFolder, cotFolderSource, 0, "IecOrmelcli");
     HostObject* deep = p.addTag(inner, cotSource, "Deep", 4, 1, 0, "Глубоко");
@@ -130,7 +132,7 @@ TEST_F(TagsTest, DeletesTakeTagsWithTheirVariables) {
         QKeyEvent del(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
         QApplication::sendEvent(form->tVTags, &del);
         EXPECT_EQ(HostObject::fromHandle(p.tagReal), p.tagReal);
-        EXPECT_TRUE(VarRow(form, realName).isValid());
+        EXPECT_TRUE(NamedRow(form, realName).isValid());
 
         // The delete command asks first, then takes the folder with its
         // tags and their variables.
@@ -138,11 +140,11 @@ TEST_F(TagsTest, DeletesTakeTagsWithTheirVariables) {
         FocusTags(form);
         boxes.answerNext(QMessageBox::Cancel);
         form->OnDelOb();
-        EXPECT_TRUE(VarRow(form, deepName).isValid());
+        EXPECT_TRUE(NamedRow(form, deepName).isValid());
         boxes.answerNext(QMessageBox::Ok);
         FocusTags(form);
         form->OnDelOb();
-        EXPECT_FALSE(VarRow(form, deepName).isValid());
+        EXPECT_FALSE(NamedRow(form, deepName).isValid());
 
         // Control+X on a folder: its tags go with their variables and data
         // set entries; the folder stays, and so does a tag without a variable.
@@ -152,12 +154,12 @@ TEST_F(TagsTest, DeletesTakeTagsWithTheirVariables) {
         QKeyEvent cut(QEvent::KeyPress, Qt::Key_X, Qt::ControlModifier);
         QApplication::sendEvent(form->tVTags, &cut);
         EXPECT_LT(members.IndexOf(stateKey), 0);
-        EXPECT_FALSE(VarRow(form, stateName).isValid());
+        EXPECT_FALSE(NamedRow(form, stateName).isValid());
         EXPECT_LT(ICC(1)->Vars.IndexOf(state->name), 0);
 
         SelectTags(form, {p.tagReal});
         form->DeleteFromtVTags();
-        EXPECT_FALSE(VarRow(form, realName).isValid());
+        EXPECT_FALSE(NamedRow(form, realName).isValid());
         EXPECT_LT(pVCC->Vars.IndexOf(real->name), 0);
     });
     EXPECT_EQ(BoxTexts(), QStringList({"|Разные родители у выбранных компонентов",

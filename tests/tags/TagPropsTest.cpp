@@ -1,7 +1,7 @@
 // Edits of a tag's properties carried into the model, and the tag commands
 // that no menu reaches: a tag for the selected variable, deleting one tag in
 // the host only, and freeing a bound key.
-#include "TagsFixture.h"
+#include "common/FormFixture.h"
 #include "common/ModelLookup.h"
 
 #include "form/CfgIecArven.h"
@@ -34,7 +34,9 @@ QStringList VarRows(CfgArvenSR* form, DcLD* icc) {
 
 } // namespace
 
-TEST_F(TagsTest, PropertyEditsMoveAndRebuildTheVariable) {
+using Tags = FormTest;
+
+TEST_F(Tags, PropertyEditsMoveAndRebuildTheVariable) {
     const std::string name = "Q1_" + std::to_string(p.tagState->get("number").toInt());
     OpenForm(p.unit, [&](CfgArvenSR* form) {
         ASSERT_NE(Var(ICC(1)->Vars, name), nullptr);
@@ -95,7 +97,7 @@ TEST_F(TagsTest, PropertyEditsMoveAndRebuildTheVariable) {
     EXPECT_EQ(boxes.count(), 0);
 }
 
-TEST_F(TagsTest, EnumerationKeysAndValues) {
+TEST_F(Tags, EnumerationKeysAndValues) {
     CpropNode node;
     EXPECT_EQ(node.GetKeyByVal("Да"), "");
     node.enumList << "0 = Нет"
@@ -106,7 +108,7 @@ TEST_F(TagsTest, EnumerationKeysAndValues) {
     EXPECT_EQ(node.GetValByKey("7"), "7");
 }
 
-TEST_F(TagsTest, UnconnectedTagCommands) {
+TEST_F(Tags, UnconnectedTagCommands) {
     OpenForm(p.unit, [&](CfgArvenSR* form) {
         ShowTags(form, 0, p.folder[0]);
         IEDTreeModel* model = form->pTreeIedModel;
@@ -117,7 +119,7 @@ TEST_F(TagsTest, UnconnectedTagCommands) {
         // the variable's full name; a second one for the same key is refused.
         // The key list lives with the form, from one opening to the next.
         form->pListTag->Clear();
-        form->tVIed->setCurrentIndex(VarRow(form, q1));
+        form->tVIed->setCurrentIndex(NamedRow(form, q1));
         form->tVTags->setCurrentIndex(TagRow(form, p.tagReal));
         const int before = p.folder[0]->children(cotSource).size();
         form->OnCreateTagInFld();
@@ -140,6 +142,11 @@ TEST_F(TagsTest, UnconnectedTagCommands) {
         EXPECT_EQ(made->get("tag_id").toByteArray(), "");
         EXPECT_EQ(made->get("tag_type").toInt(), 0);
         form->FreeTag("ICC_9/None");
+        // The key went with it: the tag binds to the variable anew.
+        form->tVTags->setCurrentIndex(TagRow(form, made));
+        form->tVIed->setCurrentIndex(NamedRow(form, q1));
+        form->OnBindTag();
+        EXPECT_EQ(made->get("tag_id").toByteArray(), ("ICC_1/" + q1).toUtf8());
 
         // Deleting one tag asks first and leaves the model alone.
         form->tVTags->setCurrentIndex(TagRow(form, made));
@@ -150,7 +157,7 @@ TEST_F(TagsTest, UnconnectedTagCommands) {
         boxes.answerNext(QMessageBox::Ok);
         form->OnDelTag();
         EXPECT_EQ(p.folder[0]->children(cotSource).size(), before);
-        EXPECT_TRUE(VarRow(form, q1).isValid());
+        EXPECT_TRUE(NamedRow(form, q1).isValid());
     });
     const QString tagTitle = "Сообщение|Удаление тега: ";
     const QStringList texts = BoxTexts();

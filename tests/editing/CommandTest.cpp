@@ -1,6 +1,7 @@
 // Command variables added by hand to an ICC through the command dialog.
 #include "common/FormFixture.h"
 #include "common/ItemTexts.h"
+#include "common/ModelLookup.h"
 
 #include "dialogs/DComm.h"
 #include "form/CfgIecArven.h"
@@ -14,19 +15,8 @@
 
 namespace {
 
-DcLD* ICC(int number) {
-    return qobject_cast<DcLD*>(ListOb(pVCC->ICCs, number - 1));
-}
-
-QModelIndex Row(IEDTreeModel* m, void* ob) {
-    return m
-        ->match(m->index(0, 0), Qt::UserRole, QVariant::fromValue(ob), 1,
-                Qt::MatchRecursive | Qt::MatchWrap)
-        .value(0);
-}
-
 QModelIndex VarsRow(IEDTreeModel* m, void* icc) {
-    return m->match(Row(m, icc), Qt::DisplayRole, "Переменные", 1, Qt::MatchRecursive).value(0);
+    return m->match(RowOf(*m, icc), Qt::DisplayRole, "Переменные", 1, Qt::MatchRecursive).value(0);
 }
 
 } // namespace
@@ -66,7 +56,7 @@ TEST_F(Command, CommandsWithAndWithoutTwinJoinTheIcc) {
         f->OnAcmd();
         EXPECT_EQ(FDComm, nullptr);
 
-        f->tVIed->setCurrentIndex(Row(m, ICC(1)));
+        f->tVIed->setCurrentIndex(RowOf(*m, ICC(1)));
         f->OnAcmd();
         ASSERT_NE(FDComm, nullptr);
         EXPECT_EQ(FDComm->windowTitle(), "Задание команды");

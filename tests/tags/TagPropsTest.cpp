@@ -2,11 +2,13 @@
 // that no menu reaches: a tag for the selected variable, deleting one tag in
 // the host only, and freeing a bound key.
 #include "common/FormFixture.h"
+#include "common/ItemTexts.h"
 #include "common/ModelLookup.h"
 
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
 #include "plugin/CfgIecArvenlib.h"
+#include "tags/TagBinding.h"
 #include "views/CpropNode.h"
 #include "views/SomeModelsIED.h"
 #include "views/UnitTagsModel.h"
@@ -19,17 +21,7 @@ bool HasMember(DcDataSet* set, const std::string& key) {
 
 // The texts of the rows under the "Переменные" row of an ICC.
 QStringList VarRows(CfgArvenSR* form, DcLD* icc) {
-    IEDTreeModel* model = form->pTreeIedModel;
-    const QModelIndex iccRow = RowOf(*model, icc);
-    QStringList texts;
-    for (int r = 0; r < model->rowCount(iccRow); ++r) {
-        const QModelIndex folder = model->index(r, 0, iccRow);
-        if (folder.data().toString() != "Переменные")
-            continue;
-        for (int v = 0; v < model->rowCount(folder); ++v)
-            texts << model->index(v, 0, folder).data().toString();
-    }
-    return texts;
+    return ChildTexts(*form->pTreeIedModel, VarsFolderRow(form->pTreeIedModel, icc));
 }
 
 } // namespace

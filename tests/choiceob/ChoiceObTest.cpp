@@ -1,5 +1,4 @@
-// The object choice dialog on its own, and the form's command that adds a
-// data set, a transfer set or the Next_DSTransfer_Set object through it.
+// The object choice dialog and the form's add-object command.
 #include "common/FormFixture.h"
 #include "common/ItemTexts.h"
 #include "common/ModelLookup.h"
@@ -47,8 +46,7 @@ QModelIndex FolderOf(IEDTreeModel* m, const QModelIndex& row, const QString& tex
 using ChoiceOb = FormTest;
 
 TEST_F(ChoiceOb, ClassesNameProposalAndRefusal) {
-    // The first unit: ICC_1 and ICC_2 with three data sets each, the VCC
-    // with the template's one.
+    // The first unit: ICC_1 and ICC_2 with three data sets each, the VCC with the template's one.
     OpenForm(p.unit, [&](CfgArvenSR* f) {
         FChoiceOb d(f);
         EXPECT_EQ(d.windowTitle(), "Добавление объекта");
@@ -59,8 +57,7 @@ TEST_F(ChoiceOb, ClassesNameProposalAndRefusal) {
         for (int row = 0; row < 3; ++row)
             EXPECT_EQ(d.lWObjects->item(row)->data(Qt::UserRole).toInt(), 51 + row);
 
-        // No places taken yet: a class gives an empty place list, and the
-        // dialog refuses to close.
+        // No places taken yet: a class gives an empty place list, and the dialog refuses to close.
         ClickClass(&d, 0);
         EXPECT_EQ(d.lWWhere->count(), 0);
         EXPECT_EQ(d.lEName->text(), "Text");
@@ -68,8 +65,7 @@ TEST_F(ChoiceOb, ClassesNameProposalAndRefusal) {
         EXPECT_EQ(BoxTexts(), QStringList("Предупреждение|Выделите объекты"));
         EXPECT_NE(d.result(), QDialog::Accepted);
 
-        // An ICC host proposes its next data set; transfer sets are offered
-        // the ICCs only and keep the name.
+        // An ICC proposes its next set; transfer sets go to ICCs, keeping the name.
         d.FillWhere(pVCC);
         d.FilterOb(ICC(1));
         ClickClass(&d, 0);
@@ -83,8 +79,7 @@ TEST_F(ChoiceOb, ClassesNameProposalAndRefusal) {
         ClickClass(&d, 0);
         EXPECT_EQ(d.lEName->text(), "VMD2");
 
-        // The place of an object in the list becomes current; one that the
-        // list doesn't hold changes nothing.
+        // The object's place becomes current; an unknown one changes nothing.
         d.SetActiveW(ICC(2));
         ASSERT_NE(d.lWWhere->currentItem(), nullptr);
         EXPECT_EQ(d.lWWhere->currentItem()->text(), "ICC_2");
@@ -105,8 +100,7 @@ TEST_F(ChoiceOb, AddedObjectsReachModelTreeListAndBlob) {
         ASSERT_TRUE(icc1.isValid() && icc2.isValid());
         const int listed = f->lWInfo->count();
 
-        // From the data set folder of ICC_1: a taken name is refused and
-        // the dialog comes back; a new one is added. No name is proposed.
+        // A taken name is refused and the dialog comes back; none is proposed.
         f->tVIed->setCurrentIndex(FolderOf(m, icc1, "Наборы данных (DataSets)"));
         QString proposed;
         Script script({[&](FChoiceOb* d) {
@@ -140,8 +134,7 @@ TEST_F(ChoiceOb, AddedObjectsReachModelTreeListAndBlob) {
         EXPECT_EQ(ChildTexts(*m, FolderOf(m, icc2, "Transfer_Sets")),
                   QStringList({"TrSet_1", "TrSet_2", "TrSet_3", "TrSet_X"}));
 
-        // Next_DSTransfer_Set: the VCC as place is refused and the dialog
-        // comes back; an ICC that has one keeps it without a word.
+        // Next_DSTransfer_Set: the VCC refused; an ICC keeps its own silently.
         boxes.clear();
         DcNextTransferSet* next = ICC(2)->NextSet;
         script.steps = {[](FChoiceOb* d) {

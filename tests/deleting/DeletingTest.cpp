@@ -1,6 +1,4 @@
-// The deletes of the form, driven through its keys and actions on the small
-// project: variables with their tags from the model tree, members from a
-// data set, a unit from the unit list.
+// The form's deletes: tree rows with tags, set members, a unit.
 #include "common/FormFixture.h"
 #include "common/ItemTexts.h"
 #include "common/ModelLookup.h"
@@ -34,8 +32,7 @@ void Press(CfgArvenSR* f, const QList<QStringList>& rows, Qt::Key key = Qt::Key_
     QTest::keyClick(f->tVIed, key, mods);
 }
 
-// Shows the set of that text of lWInfo in lWInfo_2 and selects the rows of
-// lWInfo_2 that show these keys.
+// Shows the set in lWInfo_2 and selects the rows of these keys.
 void ShowSet(CfgArvenSR* f, const QString& set, const QStringList& keys = {}) {
     f->lWInfo->setCurrentItem(f->lWInfo->findItems(set, Qt::MatchExactly).value(0));
     for (const QString& key : keys)
@@ -92,8 +89,7 @@ TEST_F(Deleting, TreeRowsGoWithTheirTags) {
         p.host.failParam("isinDataSet", HostProject::FailRead);
         Press(f, {kIcc1 + QStringList("C_6")}, Qt::Key_X, Qt::ControlModifier);
         p.host.clearFaults();
-        // The first row and B: B is told as the row it held before Q1 went.
-        // An ICC row after the first row has no tag and stays.
+        // B is told at its row before Q1 went; an ICC row has no tag and stays.
         f->tVIed->setCurrentIndex(Row(f, kIcc1 + QStringList("C_6")));
         Press(f, {kIcc1 + QStringList("Q1_2"),
                   kIcc1 + QStringList("B_5"),
@@ -164,8 +160,7 @@ TEST_F(Deleting, MembersLeaveTheirSetByTheContentList) {
                             m->QAbstractItemModel::match(from, role, v, -1, Qt::MatchFlags(flags)));
                     }
         }
-        // The folder of Q1, A, B and C goes from the tag side with their
-        // variables while B_5 is shown; its row then goes without a write.
+        // The tags' folder goes with its variables; B_5's row goes without a write.
         ShowSet(f, "ICC_1/DataSet_2", {"ICC_1/B_5"});
         ShowReceived(f);
         f->tVTags->setCurrentIndex(RowOf(*f->pTagsModel, p.subFolder));
@@ -190,8 +185,7 @@ TEST_F(Deleting, MembersLeaveTheirSetByTheContentList) {
 TEST_F(Deleting, UnitsAndStructuresLeaveByTheirLists) {
     p.tagPass->set("isinDataSet", 1);
     OpenForm(p.unit, [&](CfgArvenSR* f) {
-        // A structure deleted from the tag side leaves its set and, through
-        // its signal, the set after it, counted from 0.
+        // A structure's delete leaves its set and, by its signal, the next one.
         DcICCPBase* power = Var(ICC(2)->Vars, "P_3");
         DataSetOf(ICC(2)->DataSets, 2)->AddObRef(power);
         ShowSet(f, "ICC_2/DataSet_3");

@@ -1,5 +1,4 @@
-// The add-variable dialog over the template's types: the type lists and the
-// "Еще" button, the preview of a type, the inputs and what accept leaves.
+// The add-variable dialog over the template's types.
 #include <QApplication>
 #include <QListWidget>
 #include <QPushButton>
@@ -63,8 +62,7 @@ TEST_F(AddVarTest, TypeListAndItsSecondPart) {
                                           "Data_RealQTimeTagExtended", "Data_Real"}));
     EXPECT_EQ(all.last(), "TASE2Version");
 
-    // A refill keeps the button's state over the short list; the next click
-    // has nothing to take away, the one after shows all again.
+    // A refill keeps the button's state; the next click takes nothing away.
     Fill(pDcDTTP);
     EXPECT_EQ(dlg.ui.tBut->text(), "Свернуть");
     dlg.ui.tBut->click();
@@ -113,6 +111,9 @@ TEST_F(AddVarTest, ClickedTypeShowsItsStructureOrComment) {
     EXPECT_EQ(tree->index(0, 1).data().toString(), "Data_StateSupplemental");
     EXPECT_EQ(tree->index(1, 1).data().toString(), "Data_TimeStampExtended");
     EXPECT_EQ(ChildTexts(*tree, tree->index(1, 0)), (QStringList{"GMTBasedS", "Milliseconds"}));
+    EXPECT_EQ(tree->index(1, 1, tree->index(1, 0)).data().toString(), "TimeIntervalL16");
+    EXPECT_EQ(int(tree->flags(tree->index(0, 1))), 33);
+    EXPECT_FALSE(dlg.pModel4Add->setData(tree->index(0, 1), "1"));
 
     ClickType("Data_Real");
     EXPECT_NE(dlg.ui.tVStruct->model(), dlg.pModel4Add);

@@ -1,5 +1,4 @@
-// Variables of the model tree put into a data set through the choice dialog:
-// membership, references, the tag's data set number and the refusals.
+// Variables put into a data set through the choice dialog.
 #include "common/FormFixture.h"
 #include "common/ModelLookup.h"
 
@@ -25,8 +24,7 @@ void Select(CfgArvenSR* f, const QModelIndexList& rows) {
                                            QItemSelectionModel::Select | QItemSelectionModel::Rows);
 }
 
-// A step of the choice dialog: row `row` made current (-1: none), then
-// accepted, or double-clicked; its title and rows go to `seen`.
+// Makes the row current (-1: none) and accepts; title and rows go to seen.
 DialogScript<ChoiceDS>::Step Pick(int row, QStringList* seen = nullptr, bool doubleClick = false) {
     return [=](ChoiceDS* d) {
         // A focused list makes its first row current when none is.
@@ -76,8 +74,7 @@ TEST_F(AddToDataSet, VariableJoinsTheChosenSetAndItsTagKeepsTheNumber) {
         ASSERT_EQ(f->lWInfo_2->count(), shownBefore + 1);
         EXPECT_EQ(f->lWInfo_2->item(0)->data(Qt::UserRole).value<void*>(), q1);
 
-        // The same number on the tag: passed over in silence, even for a set
-        // that doesn't hold the variable.
+        // The tag's own number: passed over in silence, even for another set.
         {
             DialogScript<ChoiceDS> script({Pick(1), Pick(2)});
             f->OnAddOb2DS();
@@ -164,16 +161,14 @@ TEST_F(AddToDataSet, SeveralVariablesWithAMemberAmongThem) {
             return out;
         };
         f->lWInfo->setCurrentItem(f->lWInfo->findItems("ICC_1/DataSet_2", Qt::MatchExactly)[0]);
-        // A member whose tag holds the set's number is passed over in silence;
-        // each other one goes in front of the members.
+        // A member holding the set's number is passed over; others go in front.
         {
             DialogScript<ChoiceDS> script({Pick(1)});
             Select(f, rows({0, 1, 2}));
             f->OnAddOb2DS();
         }
         EXPECT_EQ(boxes.count(), 0);
-        // Its tag says another set: the number is written, the refusal told,
-        // and the variables after it are left out.
+        // A member whose tag says another set: number written, refusal told, rest left.
         tags[1]->set("isinDataSet", 3);
         {
             DialogScript<ChoiceDS> script({Pick(1)});

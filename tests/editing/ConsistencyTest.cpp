@@ -1,6 +1,4 @@
-// The road from the template to the unit's model: the containers grown to
-// the limits, the data set members cleared, the tags collected, and the
-// additions that make a container only when it is absent.
+// The model grown to the limits, the tags collected, the guarded additions.
 #include "common/FormFixture.h"
 #include "common/ItemTexts.h"
 

@@ -1,5 +1,4 @@
-// Tags turned into variables: owner, template, name, twin and data set; the
-// add-variable command through its dialog; the display trees of a variable.
+// Tags turned into variables; the add-variable command; a variable's display tree.
 #include "common/FormFixture.h"
 #include "common/ModelLookup.h"
 
@@ -86,8 +85,7 @@ static void Fill(GetVarFrm* d, const QString& type, const QString& name, int cou
 }
 
 TEST_F(CreateVars, AddVarMakesTagsAndVariables) {
-    // The form lists the first unit only, and opens on transmitted values:
-    // new tags are of that kind, in the first folder of the mode.
+    // The form opens on transmitted values: new tags go to the mode's first folder.
     OpenForm(p.unit, [&](CfgArvenSR* f) {
         ASSERT_EQ(f->TagMode, cotPass);
         const QList<HostObject*> before = p.host.findAll(cotPass);
@@ -125,9 +123,7 @@ TEST_F(CreateVars, AddVarMakesTagsAndVariables) {
         }
         EXPECT_EQ(boxes.count(), 0);
 
-        // Name and number without "_" against a variable of the place:
-        // the clash is told, the tag stays without variable, the dialog
-        // comes back and is cancelled.
+        // A name clash without "_" is told, the tag stays, the dialog comes back.
         HostObject* probe = p.host.create(p.folder[1], cotPass, 0, "IecArven");
         const int number = probe->get("number").toInt();
         p.host.remove(probe);
@@ -151,8 +147,7 @@ TEST_F(CreateVars, AddVarMakesTagsAndVariables) {
     });
 }
 
-// Clicks a structure of three members. It stands in the list's second part,
-// which the "Еще" button may have to show (a refilled list shows the first).
+// Clicks a structure, which the "Еще" part of the list may hold.
 static void ClickStructure(GetVarFrm* d) {
     for (int turn = 0; turn < 3 && d->ui.tVStruct->model() == nullptr; ++turn) {
         Fill(d, "Data_State_SupplementalQTimeTagExtended", "S", 1, 0, 0);
@@ -170,8 +165,7 @@ TEST_F(CreateVars, StructureShownInTheDialogDoesNotOutliveAReload) {
         }});
         f->OnAddVar();
     });
-    // The later call loads the templates anew: the dialog shows no structure
-    // until a type is clicked.
+    // The later call loads the templates anew: no structure shown at first.
     OpenForm(p.unit, [](CfgArvenSR* f) {
         DialogScript<GetVarFrm> script({[](GetVarFrm* d) {
             EXPECT_EQ(d->ui.tVStruct->model(), nullptr);
@@ -194,8 +188,7 @@ TEST_F(CreateVars, DisplayTreesOfAVariable) {
         myNode root("root");
         List2Tree(&root, &list);
         EXPECT_EQ(ChildNames(&root), QStringList({"B", "S"}));
-        // Four used bits of one byte, named by number for a type without
-        // names of its own.
+        // Four used bits of one byte, named by number for a type without names of its own.
         EXPECT_EQ(ChildNames(root.FirstChild), QStringList({"h0", "h1", "h2", "h3"}));
         EXPECT_EQ(ChildNames(root.FirstChild->Next), QStringList({"Value", "Flags"}));
 

@@ -1,5 +1,4 @@
-// The limits of the unit as they reach the open form, and the twin's row
-// value of a tag.
+// The limits of the unit as they reach the open form, and the twin's row value of a tag.
 #include "common/FormFixture.h"
 #include "common/ItemTexts.h"
 #include "common/ModelLookup.h"

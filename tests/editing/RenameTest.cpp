@@ -1,5 +1,4 @@
-// Renaming in the model tree, by F2 and by the context menu: the new name in
-// the object, its row, the data set keys, the tags' keys and the set list.
+// Renames in the model tree and the copies of the name.
 #include "common/FormFixture.h"
 #include "common/ModelLookup.h"
 
@@ -14,8 +13,7 @@
 
 namespace {
 
-// Answers the name question with text, or cancels it for a null text;
-// checks what the question shows.
+// Answers the name question (cancels for a null text), checking what it shows.
 DialogScript<QInputDialog>::Step Name(const QString& text, const QString& shown) {
     return [=](QInputDialog* d) {
         EXPECT_EQ(d->windowTitle() + "|" + d->labelText() + "|" + d->textValue(),
@@ -57,8 +55,7 @@ TEST_F(Rename, NamesReachTheirCopiesAndNoFurther) {
         EXPECT_EQ(p.tagState->get("tag_id").toString(), "ICC_1/Breaker");
         EXPECT_EQ(Var(ICC(1)->Vars, old), q1); // the owner's key stays
 
-        // An ICC: the keys are cut at the old name's length and the list of
-        // data sets shows the new name.
+        // An ICC: the keys cut at the old name's length, the set list renamed.
         f->tVIed->setCurrentIndex(RowOf(tree, ICC(1)));
         names.steps << Name("North", "ICC_1");
         f->actRename->trigger();
@@ -66,8 +63,7 @@ TEST_F(Rename, NamesReachTheirCopiesAndNoFurther) {
         EXPECT_EQ(p.tagState->get("tag_id").toString(), "North/Breaker");
         EXPECT_EQ(f->lWInfo->findItems("North/DataSet_1", Qt::MatchExactly).size(), 1);
 
-        // A structure: its tag follows the first rename only, since the tag
-        // list keeps the key it had.
+        // A structure: the tag list keeps the key, so the tag follows once.
         DcICCPBase* p1 = VarOfTag(ICC(2)->Vars, p.tagPass);
         ASSERT_NE(p1, nullptr);
         f->tVIed->setCurrentIndex(VarRow(tree, p1));
@@ -79,8 +75,7 @@ TEST_F(Rename, NamesReachTheirCopiesAndNoFurther) {
         EXPECT_EQ(p1->name, "P3");
         EXPECT_EQ(p.tagPass->get("tag_id").toString(), "ICC_2/P2");
 
-        // A data set changes its row in the set list; a transfer set its name
-        // and row only; the VCC its unit's "ied_name".
+        // A data set, a transfer set, the VCC (its unit's "ied_name").
         f->tVIed->setCurrentIndex(RowOf(tree, DataSetOf(ICC(2)->DataSets, 1)));
         names.steps << Name("Fast", "DataSet_1");
         f->actRename->trigger();

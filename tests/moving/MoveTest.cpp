@@ -1,6 +1,4 @@
-// The bulk move of the content list through its dialog, in every answer,
-// checked in the form, the model, the tags and the text the close writes;
-// a move by the property tree out of the VCC; the reserve list's viewer.
+// The bulk move of set members; a move by the property tree; the reserve viewer.
 #include "common/FormFixture.h"
 #include "common/ItemTexts.h"
 #include "common/ModelLookup.h"
@@ -19,8 +17,7 @@
 
 namespace {
 
-// Answers the move dialog with the two indexes, or cancels it for a domain
-// below 0; the texts of both boxes go to `seen`.
+// Answers the move dialog (cancels for domain < 0); box texts go to seen.
 DialogScript<Mode4MoveOb>::Step Place(int domain, int dataSet, QStringList* seen = nullptr) {
     return [=](Mode4MoveOb* d) {
         for (QComboBox* box : {d->cBDomain, d->cBDataSet})
@@ -47,8 +44,7 @@ void Move(CfgArvenSR* f, const QString& set, const QStringList& names, int domai
     f->actMoveOb->trigger();
 }
 
-// "$DATARUN" read back by owner: "ICC_1" lists its variables, "ICC_1/
-// DataSet_1" the members of that set; the VCC's are under "VCC".
+// "$DATARUN" by owner: "ICC_1" its variables, "ICC_1/DataSet_1" the members.
 QMap<QString, QStringList> Outline(const QByteArray& text) {
     QMap<QString, QStringList> out;
     QString owner, set;
@@ -114,14 +110,12 @@ TEST_F(FormTest, MoveMembersOfADataSet) {
         ICCdata.maxICC = 2;
         EXPECT_EQ(Var(ICC(1)->Vars, n[4].toStdString()), nullptr);
         EXPECT_EQ(f->lWInfo_2->count(), 8);
-        // Same owner: "NoDataSet" is the first set, the last entry is past
-        // the sets; the tags take the index, the old set keeps its members.
+        // Same owner: index 0 is "NoDataSet", the last one past the sets.
         Move(f, set1, {key(0), key(1)}, 1, 0);
         EXPECT_EQ(f->lWInfo_2->count(), 6);
         Move(f, set1, {key(3)}, 1, 3);
         Move(f, set1, {key(3)}, 1, 2);
-        // Another owner and set: the structure goes to the VCC, and its row
-        // takes the rows after it along.
+        // Another owner and set: the structure goes to the VCC with its row.
         Move(f, set1, {key(2)}, 0, 2);
         EXPECT_TRUE(f->lWInfo_2->findItems(key(2), Qt::MatchExactly).isEmpty());
         EXPECT_EQ(varRows(ICC(1)), QStringList({n[0], n[1]}));
@@ -132,8 +126,7 @@ TEST_F(FormTest, MoveMembersOfADataSet) {
         EXPECT_EQ(varRows(pVCC).last(), n[2]);
         EXPECT_EQ(Var(pVCC->Vars, n[2].toStdString())->ClassName(), "DcDO");
 
-        // The property tree moves a VCC variable made at load, which has no
-        // row: the VCC keeps it.
+        // The property tree moves a VCC variable made at load, which has no row: the VCC keeps it.
         p.tagReal->set("domain", 1);
         CpropNode node;
         node.value = "1";
@@ -170,8 +163,7 @@ TEST_F(FormTest, MoveMembersOfADataSet) {
     EXPECT_EQ(xml["ICC_2"].mid(2), QStringList({n[0], n[3]}));
     EXPECT_EQ(xml["ICC_2/DataSet_2"], QStringList("ICC_2/" + n[3]));
     EXPECT_TRUE(xml["VCC"].contains(n[2]) && xml["VCC"].contains(freq));
-    // The VCC has one set: C joined it by its tag's number, then left it
-    // for a set that isn't there.
+    // C joined the VCC's one set by number, then left for a missing one.
     EXPECT_EQ(xml["VCC/DataSet_1"], QStringList());
     EXPECT_FALSE(xml.contains("VCC/DataSet_2"));
 }

@@ -1,6 +1,4 @@
-// The host property tree of tVProp: its groups and rows by the description
-// tables, the dependent fields of the processing type, edits written to the
-// host with their refusals, and the editors of the real form.
+// The host property tree of tVProp, its edits and editors.
 #include "common/FormFixture.h"
 
 #include "form/CfgIecArven.h"
@@ -68,8 +66,7 @@ TEST_F(PropTree, GroupsRowsAndTheHiddenProcessingGroup) {
     const QtMessageHandler previous = qInstallMessageHandler(CollectWarning);
     QAbstractItemModelTester tester(&m, QAbstractItemModelTester::FailureReportingMode::Warning);
 
-    // A tag: the described rows under their group and as text, the rest by
-    // the host's captions; the processing counters nowhere.
+    // A tag: described rows by group, the rest by host captions.
     const QString number = p.tagReal->get("number").toString();
     m.setRootNode(p.tagReal);
     EXPECT_EQ(Rows(m), QStringList({"[Базовые свойства]", "Номер в конфигурации=" + number,
@@ -84,8 +81,7 @@ TEST_F(PropTree, GroupsRowsAndTheHiddenProcessingGroup) {
     EXPECT_EQ(node("domain")->getTypeDelegate(), 3);
     EXPECT_EQ(node("presentSBO")->getTypeDelegate(), 2);
 
-    // The processing type stands in a group of its own that the tree
-    // doesn't show, with the dependents of its value.
+    // The hidden processing group with the dependents of its value.
     const QList<QPair<int, QStringList>> byType = {
         {1, {"Множитель", "Смещение", "Апертура", "Обнуление"}}, {2, {"Инверсия"}}, {0, {}}};
     for (const auto& type : byType) {
@@ -99,9 +95,7 @@ TEST_F(PropTree, GroupsRowsAndTheHiddenProcessingGroup) {
         EXPECT_EQ(captions, type.second) << type.first;
     }
 
-    // A unit: a parameter that the host hides stands among its own rows too,
-    // a text of many lines in a row of one line; a boolean is a check state;
-    // the limits can't be edited.
+    // A unit: hidden and multi-line parameters, a check state, fixed limits.
     p.unit->set("$DATARUN", QByteArray("<a/>\r\n").repeated(1000));
     m.setRootNode(p.unit);
     EXPECT_EQ(m.TreatGroup, nullptr);
@@ -167,8 +161,7 @@ TEST_F(PropTree, TheEditorsOfTheFormMoveATagsVariable) {
         PressEnter(addr);
         EXPECT_EQ(p.unit->get("ied_addr").toByteArray(), "10.0.0.1");
 
-        // The tag clicked in the tag view, its owner chosen among the ICCs
-        // that the unit has.
+        // The tag clicked in the tag view, its owner chosen among the ICCs that the unit has.
         const QModelIndex tag = f->pTagsModel->index(0, 0);
         QTest::mouseClick(f->tVTags->viewport(), Qt::LeftButton, {},
                           f->tVTags->visualRect(tag).center());

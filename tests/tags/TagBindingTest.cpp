@@ -1,5 +1,4 @@
-// Binding keys, the tag record and its default name, the jumps between the
-// views, and the tag commands against a host that misbehaves.
+// Binding keys, the tag record, jumps between views, a misbehaving host.
 #include "common/FormFixture.h"
 
 #include "form/CfgIecArven.h"

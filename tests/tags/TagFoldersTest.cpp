@@ -1,5 +1,4 @@
-// Folders and tags made in the host, the folder command, and the deletes of
-// the tag view with the variables they take along.
+// Folders and tags made in the host; the tag view's deletes.
 #include "common/FormFixture.h"
 #include "common/ModelLookup.h"
 
@@ -21,8 +20,7 @@ QString Caption(const HostObject* ob) {
     return QString::fromUtf8(ob->get("caption").toByteArray());
 }
 
-// The variable of a tag with its tree row: the load's, or made as adding
-// one makes it.
+// The variable of a tag with its tree row: the load's, or made as adding one makes it.
 DcICCPBase* MakeVar(CfgArvenSR* form, HostObject* tag) {
     QModelIndex row;
     int domain = 0;
@@ -134,8 +132,7 @@ TEST_F(Tags, DeletesTakeTagsWithTheirVariables) {
         EXPECT_EQ(HostObject::fromHandle(p.tagReal), p.tagReal);
         EXPECT_TRUE(NamedRow(form, realName).isValid());
 
-        // The delete command asks first, then takes the folder with its
-        // tags and their variables.
+        // The delete command asks first, then takes the folder with its tags and their variables.
         SelectTags(form, {inner});
         FocusTags(form);
         boxes.answerNext(QMessageBox::Cancel);
@@ -146,8 +143,7 @@ TEST_F(Tags, DeletesTakeTagsWithTheirVariables) {
         form->OnDelOb();
         EXPECT_FALSE(NamedRow(form, deepName).isValid());
 
-        // Control+X on a folder: its tags go with their variables and data
-        // set entries; the folder stays, and so does a tag without a variable.
+        // Control+X on a folder: its tags and their variables go, the folder stays.
         ShowTags(form, 0, p.folder[0]);
         SelectTags(form, {p.subFolder});
         FocusTags(form);

@@ -1,5 +1,4 @@
-// "Корректность тегов" on the real form: the list of what does not fit, its
-// three answers, the check marks, and the checks of a key against the model.
+// "Корректность тегов": the list, its answers, check marks and key checks.
 #include "common/FormFixture.h"
 #include "common/ModelLookup.h"
 #include "dialogs/Log4Tree.h"
@@ -33,9 +32,7 @@ QVariant Mark(CfgArvenSR* f, void* ob) {
 using Validation = FormTest;
 
 TEST_F(Validation, ListedVariablesGoOnlyAfterDelete) {
-    // Numbers 1 to 3 are the project's own tags; Q1_2 has no key. The load
-    // gives the VCC's variables and the members of structures no rows, so
-    // Freq_1 and P_3$Value are not found at first.
+    // Rows only for ICC variables at load: Freq_1 and P_3$Value not found first.
     p.tagReal->set("tag_id", QByteArray("Freq_1"));
     p.tagPass->set("tag_id", QByteArray("ICC_2/P_3$Value"));
     p.addTag(p.folder[2], cotControlSource, "C", 4, 1, 1, "Уставка")

@@ -1,5 +1,4 @@
-// The IED tree model over the template: rows, texts, icons, check marks,
-// description edits, drags and the row announcements of its two edits.
+// The IED tree model over the template.
 #include <QDataStream>
 #include <QMimeData>
 #include <QSignalSpy>

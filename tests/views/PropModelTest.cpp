@@ -1,5 +1,4 @@
-// The member tree of one object in tVprop, its read-only form for the
-// add-variable dialog, and the line editors of both model views.
+// The member tree of an object in tVprop and the line editors of both views.
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QStyleOptionViewItem>
@@ -17,8 +16,7 @@ const Qt::ItemFlags kEdit = kBase | Qt::ItemIsEditable | Qt::ItemIsUserCheckable
 
 class PropModelTest : public TemplTreeTest {
 protected:
-    // The object's node on top and its members below, as the value pane
-    // gets them; a bit string's bits as rows without an object.
+    // The object over its members, as the value pane gets them; bits as rows.
     void Show(DcICCPBase* object, StringList& members, int bitsOfFlags = 0) {
         myNode* root = new myNode(object->name, object);
         AddVarNodes(members, root, true);
@@ -57,8 +55,7 @@ TEST_F(PropModelTest, RowsValuesAndEditableCells) {
     EXPECT_FALSE(At({"RealQ_1", "Flags", "h0"}).data(Qt::DecorationRole).isValid());
     EXPECT_FALSE(At({"RealQ_1", "Flags", "h0"}, 1).data().isValid());
 
-    // Names only of the ICC's own variables; values but of bit strings,
-    // whose bits are edited instead.
+    // Names of the ICC's own variables; values but of bit strings.
     const std::pair<QModelIndex, Qt::ItemFlags> cells[] = {
         {At({"RealQ_1"}), kEdit},
         {At({"RealQ_1"}, 1), kBase},
@@ -139,27 +136,6 @@ TEST_F(PropModelTest, TransferSetMembersAndTheirValues) {
     EXPECT_TRUE(prop.setData(domain, QString(40, 'x')));
     EXPECT_EQ(domain.data().toString(), "ICC_1");
     EXPECT_EQ(static_cast<DcDA*>(ObjectOf(At({"DataSetName", "DomainName"})))->svalue, "ICC_1");
-}
-
-TEST_F(PropModelTest, StructureTypeWithTypeNamesIsReadOnly) {
-    Model4AddFrm types;
-    auto* type =
-        qobject_cast<DcDOType*>(pDcDTTP->FindType("Data_State_SupplementalQTimeTagExtended"));
-    ASSERT_NE(type, nullptr);
-    myNode* root = new myNode(type->type, type);
-    type->GetFullContDesc(root);
-    types.setRootNode(root);
-
-    EXPECT_EQ(ChildTexts(types, QModelIndex()), (QStringList{"Value", "TimeStamp", "Flags"}));
-    EXPECT_EQ(FindRow(types, {"TimeStamp", "Milliseconds"}, 1).data().toString(),
-              "TimeIntervalL16");
-    EXPECT_EQ(ObjectOf(FindRow(types, {"TimeStamp"})), ListOb(type->Members, 1));
-    EXPECT_FALSE(FindRow(types, {"Value"}, 1).data(Qt::UserRole).isValid());
-    for (int column : {0, 1}) {
-        EXPECT_EQ(types.flags(types.index(0, column)), kBase);
-        for (int role : {0, 2, 10})
-            EXPECT_FALSE(types.setData(types.index(0, column), "1", role));
-    }
 }
 
 TEST_F(PropModelTest, LineEditorsOfBothViews) {

@@ -1,5 +1,4 @@
-// Whole runs of the entry for units built in the stand-in host: the blob
-// that the close writes, and every host parameter that the run changed.
+// Whole runs: the written blob and every host parameter the run changed.
 #include "common/FormFixture.h"
 
 #include "host/HostClasses.h"
@@ -35,8 +34,7 @@ Snapshot Take(const HostProject& host) {
     return out;
 }
 
-// "path key=value" for each parameter that differs from `before`, sorted;
-// the model's blob is named, not shown.
+// "path key=value" for each changed parameter, sorted; the blob only named.
 QStringList Written(const Snapshot& before, const Snapshot& after) {
     QStringList out;
     for (auto ob = after.begin(); ob != after.end(); ++ob) {
@@ -68,8 +66,7 @@ QStringList GoldenLines(const char* name) {
 
 class WholeRoad : public FormTest {
 protected:
-    // Limits 2 and 2; tags of the four kinds in folders, sub-folders and
-    // straight under the unit; nameless ones, structures, twins.
+    // Limits 2 and 2; tags of four kinds, nested, nameless, structures, twins.
     HostObject* NestedUnit() {
         HostObject* unit = AddUnit("Сервер A", 2, 2);
         HostObject* source = AddFolder(unit, cotFolderSource, 1, "Принимаемые");

@@ -1,4 +1,4 @@
-// Tags turned into variables; the add-variable command; a variable's display tree.
+// Tags turned into variables; the add-variable command through its dialog.
 #include "common/FormFixture.h"
 #include "common/ModelLookup.h"
 
@@ -7,20 +7,9 @@
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
 #include "plugin/CfgIecArvenlib.h"
-#include "support/myNode.h"
 #include "views/SomeModelsIED.h"
 
 
-namespace {
-
-QStringList ChildNames(myNode* node) {
-    QStringList out;
-    for (myNode* c = node ? node->FirstChild : nullptr; c; c = c->Next)
-        out << QString::fromStdString(c->name);
-    return out;
-}
-
-} // namespace
 
 class CreateVars : public FormTest {
 protected:
@@ -175,23 +164,5 @@ TEST_F(CreateVars, StructureShownInTheDialogDoesNotOutliveAReload) {
             d->reject();
         }});
         f->OnAddVar();
-    });
-}
-
-TEST_F(CreateVars, DisplayTreesOfAVariable) {
-    OpenForm(p.unit2, [](CfgArvenSR*) {
-        StringList list;
-        DcDA bits("B", GetDcDAType("BitString"), nullptr);
-        DcDO structure("S", qobject_cast<DcDOType*>(FindTemplate("Data_RealQ")), nullptr);
-        list.AddObject("B", &bits, false);
-        list.AddObject("S", &structure, false);
-        myNode root("root");
-        List2Tree(&root, &list);
-        EXPECT_EQ(ChildNames(&root), QStringList({"B", "S"}));
-        // Four used bits of one byte, named by number for a type without names of its own.
-        EXPECT_EQ(ChildNames(root.FirstChild), QStringList({"h0", "h1", "h2", "h3"}));
-        EXPECT_EQ(ChildNames(root.FirstChild->Next), QStringList({"Value", "Flags"}));
-
-        root.FirstChild->DeleteSubTree();
     });
 }

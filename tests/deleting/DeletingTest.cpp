@@ -144,22 +144,7 @@ TEST_F(Deleting, MembersLeaveTheirSetByTheContentList) {
         EXPECT_EQ(cVar->refDS, "DataSet_1;x;");
         EXPECT_EQ(DataSetOf(ICC(1)->DataSets, 3)->Elems.Count, 4);
 
-        // In a search batch the tree answers from its index as its walk does.
         IEDTreeModel* m = f->pTreeIedModel;
-        {
-            IEDTreeModel::SearchBatch batch(m);
-            const QVariant values[] = {"Переменные", "C_6", QVariant::fromValue<void*>(ICC(1)),
-                                       QVariant::fromValue<void*>(nullptr)};
-            for (const QModelIndex& from :
-                 m->match(m->index(0, 0), 0, "", -1, Qt::MatchContains | Qt::MatchRecursive))
-                for (const QVariant& v : values)
-                    for (int flags : {64, 96}) {
-                        const int role = v.userType() == QMetaType::QString ? 0 : 256;
-                        EXPECT_EQ(
-                            m->match(from, role, v, -1, Qt::MatchFlags(flags)),
-                            m->QAbstractItemModel::match(from, role, v, -1, Qt::MatchFlags(flags)));
-                    }
-        }
         // The tags' folder goes with its variables; B_5's row goes without a write.
         ShowSet(f, "ICC_1/DataSet_2", {"ICC_1/B_5"});
         ShowReceived(f);

@@ -139,13 +139,3 @@ TEST_F(AddVarTest, PlacesAndTheNextNumber) {
     EXPECT_EQ(boxes.count(), 1);
     ld->Vars.Clear();
 }
-
-TEST_F(AddVarTest, ObjectTreeModel) {
-    Tase2VarModel& tree = dlg.VarModel;
-    tree.setRootNode(pDcDTTP);
-    EXPECT_EQ(tree.rowCount(), 40);
-    EXPECT_EQ(tree.index(4, 0).data().toString(), "Data_Real");
-    tree.setRootNode(pDcDTTP->FindType("Data_State_SupplementalQTimeTagExtended"));
-    // A DcDA member shows its name, a DcDO member no text.
-    EXPECT_EQ(ChildTexts(tree), (QStringList{"Value", "", "Flags"}));
-}

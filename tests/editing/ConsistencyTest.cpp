@@ -70,21 +70,3 @@ TEST_F(ConsistencyPass, NoICCLimitKeepsTheTemplateICC) {
         EXPECT_EQ(f->pTreeIedModel->rowCount(ICCRow(f->pTreeIedModel, 1).parent()), 1);
     });
 }
-
-TEST_F(ConsistencyPass, TagsOfAllKindsOnceEach) {
-    HostObject* deep = p.host.create(p.subFolder, cotFolderSource, 0, "IecArven");
-    HostObject* deepTag = p.addTag(deep, cotSource, "Deep", 4, 0, 0, "");
-    HostObject* ctrl = p.addTag(p.folder[3], cotControlPass, "C", 4, 0, 0, "");
-    OpenForm(p.unit, [&](CfgArvenSR* f) {
-        QList<void*> tags;
-        for (int kind = 0; kind < 4; ++kind) {
-            Stack1.push_back(RecvUnit);
-            f->GetElemByFolder(kind, tags);
-        }
-        // The last folder found is walked first; a second walk adds nothing.
-        EXPECT_EQ(tags, QList<void*>({p.tagReal, p.tagState, deepTag, p.tagPass, ctrl}));
-        Stack1.push_back(RecvUnit);
-        f->GetElemByFolder(cotSource, tags);
-        EXPECT_EQ(tags.size(), 5);
-    });
-}

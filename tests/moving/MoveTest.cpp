@@ -13,7 +13,6 @@
 #include <QAction>
 #include <QComboBox>
 #include <QListWidget>
-#include <QMap>
 
 namespace {
 
@@ -44,28 +43,17 @@ void Move(CfgArvenSR* f, const QString& set, const QStringList& names, int domai
     f->actMoveOb->trigger();
 }
 
-// "$DATARUN" by owner: "ICC_1" its variables, "ICC_1/DataSet_1" the members.
-QMap<QString, QStringList> Outline(const QByteArray& text) {
-    QMap<QString, QStringList> out;
-    QString owner, set;
-    for (const QByteArray& line : text.split('\n')) {
-        const QString s = QString::fromUtf8(line).trimmed();
-        const QString name = s.section('"', 1, 1);
-        if (s.startsWith("<DcVCC") || s.startsWith("</DcLD"))
-            owner = "VCC";
-        else if (s.startsWith("<DcLD") || s.startsWith("</DcVCC"))
-            owner = s.startsWith("<DcLD") ? name : QString();
-        else if (s.startsWith("<DcDataSet"))
-            out[set = owner + "/" + name];
-        else if (s.startsWith("</DcDataSet"))
-            set.clear();
-        else if (s.startsWith("<ElemDS"))
-            out[set] << name;
-        else if (!owner.isEmpty() && (s.startsWith("<DcDA ") || s.startsWith("<DcDO ")) &&
-                 line.startsWith(QByteArray(owner == "VCC" ? 4 : 6, ' ') + "<"))
-            out[owner] << name;
-    }
-    return out;
+QStringList Keys(const StringList& list) {
+    QStringList keys;
+    for (int i = 0; i < list.Count; ++i)
+        keys << QString::fromStdString(list.Strings(i));
+    return keys;
+}
+
+// The members of a set, without the four standard ones that every set holds.
+QStringList Members(DcDataSet* set) {
+    QStringList keys = Keys(set->Elems);
+    return keys.mid(0, keys.size() - 4);
 }
 
 } // namespace
@@ -156,14 +144,14 @@ TEST_F(FormTest, MoveMembersOfADataSet) {
         EXPECT_EQ(t[i]->get("domain").toInt(), tags[i][0]) << i;
         EXPECT_EQ(t[i]->get("isinDataSet").toInt(), tags[i][1]) << i;
     }
-    const QMap<QString, QStringList> xml = Outline(Datarun(p.unit));
-    EXPECT_EQ(xml["ICC_1"], QStringList({n[1], n[3], freq}));
-    EXPECT_EQ(xml["ICC_1/DataSet_1"], QStringList({key(3), key(1), key(0)}));
-    EXPECT_EQ(xml["ICC_1/DataSet_3"], QStringList(key(3)));
-    EXPECT_EQ(xml["ICC_2"].mid(2), QStringList({n[0], n[3]}));
-    EXPECT_EQ(xml["ICC_2/DataSet_2"], QStringList("ICC_2/" + n[3]));
-    EXPECT_TRUE(xml["VCC"].contains(n[2]) && xml["VCC"].contains(freq));
+    // The model as the close left it (its text is the whole-road tests' part).
+    EXPECT_EQ(Keys(ICC(1)->Vars), QStringList({n[1], n[3], freq}));
+    EXPECT_EQ(Members(DataSetOf(ICC(1)->DataSets, 1)), QStringList({key(3), key(1), key(0)}));
+    EXPECT_EQ(Members(DataSetOf(ICC(1)->DataSets, 3)), QStringList(key(3)));
+    EXPECT_EQ(Keys(ICC(2)->Vars).mid(2), QStringList({n[0], n[3]}));
+    EXPECT_EQ(Members(DataSetOf(ICC(2)->DataSets, 2)), QStringList("ICC_2/" + n[3]));
+    EXPECT_TRUE(Keys(pVCC->Vars).contains(n[2]) && Keys(pVCC->Vars).contains(freq));
     // C joined the VCC's one set by number, then left for a missing one.
-    EXPECT_EQ(xml["VCC/DataSet_1"], QStringList());
-    EXPECT_FALSE(xml.contains("VCC/DataSet_2"));
+    EXPECT_EQ(Members(DataSetOf(pVCC->DataSets, 1)), QStringList());
+    EXPECT_EQ(pVCC->DataSets.Count, 1);
 }

@@ -13,27 +13,6 @@
 
 using Tags = FormTest;
 
-TEST_F(Tags, TagDataNamesANamelessTagOnce) {
-    HostObject* nameless = p.addTag(p.folder[0], cotSource, "", 0, 1, 2, "Без имени");
-    HostObject* badType = p.addTag(p.folder[0], cotSource, "", 9999, 0, 0, "");
-    OpenForm(p.unit, [&](CfgArvenSR*) {
-        const TagData data = GetTagData(nameless);
-        EXPECT_EQ(data.tag_name, "DiscQT");
-        EXPECT_EQ(data.domain, 1);
-        EXPECT_EQ(data.isinDataSet, 2);
-        EXPECT_EQ(data.caption, "Без имени");
-        EXPECT_EQ(GetTagData(badType).tag_name, "");
-        p.host.failParam("tag_name", HostProject::FailRead);
-        EXPECT_EQ(GetNamewNumberByTag(p.tagReal), "");
-        EXPECT_EQ(GetTagData(p.tagReal).tag_name, "");
-        p.host.clearFaults();
-        EXPECT_EQ(GetNamewNumberByTag(p.tagReal),
-                  "Freq_" + std::to_string(p.tagReal->get("number").toInt()));
-    });
-    EXPECT_EQ(nameless->get("tag_name").toByteArray(), "DiscQT");
-    EXPECT_EQ(badType->get("tag_name").toByteArray(), "");
-}
-
 TEST_F(Tags, BindKeysAndFindAcrossViews) {
     HostObject* second = p.addTag(p.folder[0], cotSource, "Other", 4, 0, 0, "");
     const QByteArray stateKey = "ICC_1/Q1_" + p.tagState->get("number").toByteArray();

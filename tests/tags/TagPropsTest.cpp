@@ -83,17 +83,6 @@ TEST_F(Tags, PropertyEditsMoveAndRebuildTheVariable) {
     EXPECT_EQ(boxes.count(), 0);
 }
 
-TEST_F(Tags, EnumerationKeysAndValues) {
-    CpropNode node;
-    EXPECT_EQ(node.GetKeyByVal("Да"), "");
-    node.enumList << "0 = Нет"
-                  << "1=Да"
-                  << "broken";
-    EXPECT_EQ(node.GetKeyByVal("Да"), "1");
-    EXPECT_EQ(node.GetValByKey("0"), "Нет");
-    EXPECT_EQ(node.GetValByKey("7"), "7");
-}
-
 TEST_F(Tags, UnconnectedTagCommands) {
     OpenForm(p.unit, [&](CfgArvenSR* form) {
         ShowTags(form, 0, p.folder[0]);

@@ -1,4 +1,4 @@
-// The member tree of an object in tVprop and the line editors of both views.
+// The member tree of an object in tVprop and its line editor.
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QStyleOptionViewItem>
@@ -154,19 +154,4 @@ TEST_F(PropModelTest, LineEditorsOfBothViews) {
     values.setModelData(line, &prop, countValue);
     EXPECT_EQ(count->svalue, "17");
 
-    // Descriptions in the tree: column 1 of object rows.
-    PropDelegate4Desc descriptions;
-    count->desc = "Счётчик";
-    icc->desc = "ЦУ";
-    const QModelIndex countDesc = Row(kIccVars + QStringList{"Count_1"}, 1);
-    EXPECT_EQ(std::unique_ptr<QWidget>(descriptions.createEditor(&host, option, Row(kIccVars, 1))),
-              nullptr);
-    editor.reset(descriptions.createEditor(&host, option, countDesc));
-    line = qobject_cast<QLineEdit*>(editor.get());
-    ASSERT_NE(line, nullptr);
-    descriptions.setEditorData(line, countDesc);
-    EXPECT_EQ(line->text(), "Счётчик");
-    line->setText("Счётчик импульсов");
-    descriptions.setModelData(line, model, countDesc);
-    EXPECT_EQ(count->desc, "Счётчик импульсов");
 }

@@ -62,8 +62,8 @@ TEST_F(AddToDataSet, VariableJoinsTheChosenSetAndItsTagKeepsTheNumber) {
             Select(f, {row});
             f->OnAddOb2DS();
             EXPECT_EQ(script.shows, 2);
-            EXPECT_EQ(seen, QStringList({"Перемещение в DataSet|ICC_1/DataSet_1",
-                                         "ICC_1/DataSet_2", "ICC_1/DataSet_3"}));
+            EXPECT_EQ(seen, QStringList({"Перемещение в DataSet|ICC_1/DataSet_1", "ICC_1/DataSet_2",
+                                         "ICC_1/DataSet_3"}));
         }
         EXPECT_EQ(p.tagState->get("isinDataSet").toInt(), 2);
         EXPECT_EQ(q1->refDSRT, refBefore + "ICC_1/DataSet_2;");
@@ -93,24 +93,6 @@ TEST_F(AddToDataSet, VariableJoinsTheChosenSetAndItsTagKeepsTheNumber) {
             EXPECT_EQ(script.shows, 1);
         }
         EXPECT_EQ(p.tagState->get("isinDataSet").toInt(), 0);
-        EXPECT_EQ(boxes.count(), 0);
-    });
-}
-
-TEST_F(AddToDataSet, VariableWithoutTagJoinsTheVccSet) {
-    OpenForm(p.unit, [&](CfgArvenSR* f) {
-        DcICCPBase* version = Var(pVCC->Vars, "TASE2_Version");
-        // Through the tool bar's action, answered by a double click.
-        QStringList seen;
-        DialogScript<ChoiceDS> script({Pick(0, &seen, true)});
-        Select(f, {VarRow(*f->pTreeIedModel, version)});
-        f->actAdd2DS->setEnabled(true);
-        f->actAdd2DS->trigger();
-        EXPECT_EQ(script.shows, 1);
-        EXPECT_EQ(seen, QStringList({"Перемещение в DataSet|DataSet_1"}));
-        EXPECT_TRUE(version->refDSRT.endsWith("DataSet_1;"));
-        auto set = qobject_cast<DcDataSet*>(ListOb(pVCC->DataSets, 0));
-        EXPECT_EQ(set->Elems.Strings(0), "TASE2_Version");
         EXPECT_EQ(boxes.count(), 0);
     });
 }

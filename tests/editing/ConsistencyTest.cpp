@@ -1,10 +1,9 @@
-// The model grown to the limits, the tags collected, the guarded additions.
+// The model grown to the limits and the guarded additions.
 #include "common/FormFixture.h"
 #include "common/ItemTexts.h"
 
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
-#include "plugin/CfgIecArvenlib.h"
 #include "views/SomeModelsIED.h"
 
 namespace {
@@ -34,7 +33,6 @@ TEST_F(ConsistencyPass, ThreeICCsOfTwoDataSets) {
                                                         "Наборы данных (DataSet)", "Переменные"}));
         EXPECT_EQ(ChildTexts(*tree, tree->index(2, 0, icc3)),
                   QStringList({"DataSet_1", "DataSet_2"}));
-        // A data set list row for every set, the VCC's first.
         ASSERT_EQ(f->lWInfo->count(), 7);
         EXPECT_EQ(f->lWInfo->item(6)->text(), "ICC_3/DataSet_2");
 
@@ -61,12 +59,4 @@ TEST_F(ConsistencyPass, ThreeICCsOfTwoDataSets) {
         icc1Ob->TransSets.Delete(icc1Ob->TransSets.IndexOf("TrSet_9"));
     });
     EXPECT_EQ(Datarun(p.unit2).toStdString(), Golden("datarun_icc3_ds2.txt"));
-}
-
-TEST_F(ConsistencyPass, NoICCLimitKeepsTheTemplateICC) {
-    p.unit2->set("maxICC", 0);
-    OpenForm(p.unit2, [](CfgArvenSR* f) {
-        EXPECT_EQ(pVCC->ICCs.Count, 1);
-        EXPECT_EQ(f->pTreeIedModel->rowCount(ICCRow(f->pTreeIedModel, 1).parent()), 1);
-    });
 }

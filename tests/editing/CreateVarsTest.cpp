@@ -3,13 +3,10 @@
 #include "common/ModelLookup.h"
 
 #include "dialogs/AddVar.h"
-#include "editing/CreateVars.h"
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
 #include "plugin/CfgIecArvenlib.h"
 #include "views/SomeModelsIED.h"
-
-
 
 class CreateVars : public FormTest {
 protected:
@@ -27,7 +24,8 @@ TEST_F(CreateVars, TagsBecomeBoundVariablesOfTheirOwner) {
         int type, domain, dataSet;
         const char *made, *twin;
     };
-    const Case cases[] = {{"", 19, 2, 1, "State_901", "State_901_SBO"}, {"Q", 28, 0, 5, "Q_902", nullptr}};
+    const Case cases[] = {{"", 19, 2, 1, "State_901", "State_901_SBO"},
+                          {"Q", 28, 0, 5, "Q_902", nullptr}};
     OpenForm(p.unit2, [&](CfgArvenSR* f) {
         HostObject* folder = p.host.create(p.unit2, cotFolderSource, 0, "Arven");
         int number = 901;
@@ -133,36 +131,5 @@ TEST_F(CreateVars, AddVarMakesTagsAndVariables) {
         script.steps = {[](GetVarFrm* d) { d->accept(); }};
         f->OnAddVar();
         EXPECT_EQ(p.host.findAll(cotPass).size(), tags + 1);
-    });
-}
-
-// Clicks a structure, which the "Еще" part of the list may hold.
-static void ClickStructure(GetVarFrm* d) {
-    for (int turn = 0; turn < 3 && d->ui.tVStruct->model() == nullptr; ++turn) {
-        Fill(d, "Data_State_SupplementalQTimeTagExtended", "S", 1, 0, 0);
-        if (d->ui.tVStruct->model() == nullptr)
-            d->ui.tBut->click();
-    }
-}
-
-TEST_F(CreateVars, StructureShownInTheDialogDoesNotOutliveAReload) {
-    OpenForm(p.unit, [](CfgArvenSR* f) {
-        DialogScript<GetVarFrm> script({[](GetVarFrm* d) {
-            ClickStructure(d);
-            EXPECT_NE(d->ui.tVStruct->model(), nullptr);
-            d->reject();
-        }});
-        f->OnAddVar();
-    });
-    // The later call loads the templates anew: no structure shown at first.
-    OpenForm(p.unit, [](CfgArvenSR* f) {
-        DialogScript<GetVarFrm> script({[](GetVarFrm* d) {
-            EXPECT_EQ(d->ui.tVStruct->model(), nullptr);
-            ClickStructure(d);
-            const QAbstractItemModel* shown = d->ui.tVStruct->model();
-            EXPECT_EQ(shown ? shown->index(0, 0).data().toString() : QString(), "Value");
-            d->reject();
-        }});
-        f->OnAddVar();
     });
 }

@@ -1,10 +1,9 @@
-// The limits of the unit as they reach the open form, and the twin's row value of a tag.
+// The limits reaching the open form; the twin row of a tag.
 #include "common/FormFixture.h"
 #include "common/ItemTexts.h"
 #include "common/ModelLookup.h"
 
 #include "form/CfgIecArven.h"
-#include "model/ICCPTypes_Nat.h"
 #include "plugin/CfgIecArvenlib.h"
 #include "support/myNode.h"
 #include "tags/Limits.h"
@@ -14,7 +13,7 @@
 
 using Limits = FormTest;
 
-TEST_F(Limits, MaxICCOnlyGrows) {
+TEST_F(Limits, MaxICCOnlyGrowsMaxDSTakesAnyValue) {
     OpenForm(p.unit2, [this](CfgArvenSR* f) {
         EXPECT_TRUE(f->ChangemaxICC(3, 2));
         EXPECT_EQ(ICCdata.maxICC, 3);
@@ -29,12 +28,7 @@ TEST_F(Limits, MaxICCOnlyGrows) {
         EXPECT_EQ(ICCdata.maxICC, 3);
         const QString refused = "информация|Следует операцию выполить на основной форме";
         EXPECT_EQ(BoxTexts(), QStringList({refused, refused}));
-    });
-}
 
-TEST_F(Limits, MaxDSGrowsTheSetsAndTakesAnyValue) {
-    OpenForm(p.unit2, [](CfgArvenSR* f) {
-        // The new rows are checked as they come by the fixture's model tester.
         EXPECT_TRUE(f->ChangemaxDS(3, 1));
         EXPECT_EQ(ICCdata.maxDS, 3);
         const QModelIndex vccSets = f->pTreeIedModel->index(0, 0, f->pTreeIedModel->index(0, 0));

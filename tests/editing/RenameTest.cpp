@@ -101,7 +101,4 @@ TEST_F(Rename, NamesReachTheirCopiesAndNoFurther) {
                   QStringList("Предупреждение|Переименование переменных объекта невозможно"));
     });
     EXPECT_EQ(names.shows, 8);
-    const QByteArray xml = Datarun(p.unit);
-    EXPECT_TRUE(xml.contains("<DcLD  name = \"North\" desc=\"\" > \n"));
-    EXPECT_TRUE(xml.contains("<ElemDS name=\"North/Breaker\" /> \n"));
 }

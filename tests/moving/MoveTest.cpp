@@ -129,9 +129,10 @@ TEST_F(FormTest, MoveMembersOfADataSet) {
             list.AddObject("DataSet_3", DataSetOf(ICC(1)->DataSets, 3));
             d->Init(&list);
             d->onLW1Clicked(d->lW1->item(0));
-            EXPECT_EQ(ChildTexts(*d->lW2->model()),
-                      QStringList({"   <DcDataSet  name = \"DataSet_3\"  desc=\"\" > ",
-                                   "      <ElemDS name=\"" + key(3) + "\" /> ", "   </DcDataSet> "}));
+            EXPECT_EQ(
+                ChildTexts(*d->lW2->model()),
+                QStringList({"   <DcDataSet  name = \"DataSet_3\"  desc=\"\" > ",
+                             "      <ElemDS name=\"" + key(3) + "\" /> ", "   </DcDataSet> "}));
             d->reject();
         }});
         f->actReservDS->trigger();

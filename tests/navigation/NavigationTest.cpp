@@ -40,7 +40,6 @@ TEST_F(Navigation, ShowingTheUnitOpensItsTransmittedTagsAndModesSwitchTheFolder)
         EXPECT_EQ(f->pTagsModel->index(0, 0).data(Qt::UserRole).value<void*>(), p.tagPass);
         EXPECT_EQ(f->statusBar->currentMessage(),
                   "Для изменения полей maxICC и maxDS пользуйтесь основным конфигуратором");
-        EXPECT_EQ(f->tVProp->editTriggers(), QAbstractItemView::CurrentChanged);
 
         f->actModeRecv->trigger();
         EXPECT_EQ(f->pTagsModel->index(0, 0).data(Qt::UserRole).value<void*>(), p.subFolder);

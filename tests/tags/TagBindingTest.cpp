@@ -2,7 +2,6 @@
 #include "common/FormFixture.h"
 
 #include "form/CfgIecArven.h"
-#include "model/ICCPTypes_Nat.h"
 #include "plugin/CfgIecArvenlib.h"
 #include "tags/TagBinding.h"
 #include "views/CpropNode.h"
@@ -27,11 +26,6 @@ TEST_F(Tags, BindKeysAndFindAcrossViews) {
         rows << TagRow(form, p.tagState);
         EXPECT_EQ(form->CheckValid4NewICCP(rows), 0);
 
-        // The open filled the list; filled anew it gives the same.
-        form->pListTag->Clear();
-        int maxNoname = 3;
-        EXPECT_EQ(form->FillListBTag(p.unit, maxNoname), 4);
-        EXPECT_EQ(maxNoname, 12);
         form->pListTag->Clear();
 
         // A folder, then a structure, are refused; a DA binds once.

@@ -18,14 +18,6 @@ QStringList Keys(const StringList& list) {
     return keys;
 }
 
-void AddRows(IEDTreeModel* model, const QModelIndex& parent, const QStringList& names, void* object,
-             StringList* out = nullptr) {
-    StringList batch;
-    for (const QString& name : names)
-        batch.AddObject(name.toStdString(), new myNode(name.toStdString(), object), true);
-    model->AddVarmNode(parent, 0, &batch, out);
-}
-
 const Qt::ItemFlags kBase = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
 
 } // namespace
@@ -41,8 +33,6 @@ TEST_F(TemplTreeTest, RowsFollowTheTableOfFoldersAndObjects) {
     EXPECT_EQ(model->parent(value), Row(kIccVars + QStringList{"RealQ_1"}));
     // Column 1 has the same children as column 0.
     EXPECT_EQ(model->rowCount(Row(kIccVars, 1)), 3);
-    EXPECT_EQ(model->headerData(0, Qt::Horizontal).toString(), "Сервер ICCP");
-    EXPECT_EQ(model->headerData(1, Qt::Horizontal).toString(), "Описание переменных");
 
     IEDTreeModel empty(nullptr);
     EXPECT_EQ(empty.rowCount(), 0);
@@ -131,44 +121,6 @@ TEST_F(TemplTreeTest, DragCollectsVariablesInGlobVarMem) {
     mime.reset(model->mimeData({Row(kIccVars), Row(kIcc)}));
     EXPECT_EQ(GlobVarMem.Count, 0);
     EXPECT_TRUE(mime->data("text/plain").isEmpty());
-}
-
-TEST_F(TemplTreeTest, BatchGoesInFrontOfTheChildrenInItsOrder) {
-    QSignalSpy before(model, &QAbstractItemModel::rowsAboutToBeInserted);
-    QSignalSpy after(model, &QAbstractItemModel::rowsInserted);
-    StringList out;
-    AddRows(model, Row(kIccVars), {"New_1", "New_2"}, count, &out);
-    EXPECT_EQ(Children(kIccVars), (QStringList{"New_1", "New_2", "RealQ_1", "Bool_1", "Count_1"}));
-    ASSERT_EQ(before.count(), 1);
-    EXPECT_EQ(before[0], (QVariantList{QVariant::fromValue(Row(kIccVars)), 0, 1}));
-    EXPECT_EQ(after.count(), 1);
-    EXPECT_EQ(Keys(out), (QStringList{"New_2", "New_1"}));
-    EXPECT_EQ(out.Objects(0), count);
-
-    // Into a row without children: the last entry becomes the first child.
-    AddRows(model, Row(kIccSet), {"A", "B", "C"}, flag);
-    EXPECT_EQ(Children(kIccSet), (QStringList{"A", "B", "C"}));
-    EXPECT_EQ(before[1], (QVariantList{QVariant::fromValue(Row(kIccSet)), 0, 2}));
-    AddRows(model, Row(kIccSet), {}, flag);
-    EXPECT_EQ(before.count(), 2);
-}
-
-TEST_F(TemplTreeTest, DelFromDSRemovesMemberRowsOfDataSetsOnly) {
-    AddRows(model, Row(kVccSet), {"Count_1", "Bool_1", "Count_1"}, count);
-    AddRows(model, Row(kIccSet), {"Count_1", "Bool_1"}, count);
-    QSignalSpy removing(model, &QAbstractItemModel::rowsAboutToBeRemoved);
-    model->DelFromDS("Count_1");
-    EXPECT_EQ(Children(kIccSet), QStringList{"Bool_1"});
-    EXPECT_EQ(Children(kVccSet), QStringList{"Bool_1"});
-    EXPECT_EQ(Children(kIccVars), (QStringList{"RealQ_1", "Bool_1", "Count_1"}));
-    // The second hit in the VCC's set has moved up by one when its turn comes.
-    ASSERT_EQ(removing.count(), 3);
-    EXPECT_EQ(removing[0], (QVariantList{QVariant::fromValue(Row(kVccSet)), 0, 0}));
-    EXPECT_EQ(removing[1], (QVariantList{QVariant::fromValue(Row(kVccSet)), 1, 1}));
-    EXPECT_EQ(removing[2], (QVariantList{QVariant::fromValue(Row(kIccSet)), 0, 0}));
-    EXPECT_FALSE(Row(kIccSet + QStringList{"Bool_1"}).data(Qt::DecorationRole).isValid());
-    model->DelFromDS("Переменные");
-    EXPECT_EQ(removing.count(), 3);
 }
 
 TEST_F(TemplTreeTest, HostAndICCLookups) {

@@ -105,7 +105,6 @@ TEST_F(PropModelTest, ValuesAreEditedInPlace) {
     EXPECT_EQ(flag->Value->Buf[0], 1);
     EXPECT_EQ(flag->svalue, "false");
     EXPECT_EQ(changed.count(), 3);
-
 }
 
 TEST_F(PropModelTest, TransferSetMembersAndTheirValues) {
@@ -153,5 +152,4 @@ TEST_F(PropModelTest, LineEditorsOfBothViews) {
     line->setText("17");
     values.setModelData(line, &prop, countValue);
     EXPECT_EQ(count->svalue, "17");
-
 }

@@ -33,4 +33,4 @@ QModelIndex FindRow(const QAbstractItemModel& model, const QStringList& path, in
 // The same picture as the resource.
 bool SameImage(const QVariant& icon, const QString& resource);
 
-extern const QStringList kVccVars, kVccSet, kIcc, kIccVars, kIccSet;
+extern const QStringList kVccVars, kIcc, kIccVars, kIccSet;

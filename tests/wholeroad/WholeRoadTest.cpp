@@ -5,6 +5,7 @@
 
 #include <QMap>
 
+
 namespace {
 
 // Every parameter of every object, by the object's path.
@@ -121,19 +122,4 @@ TEST_F(WholeRoad, BadValuesGetTheirMessageOrSilence) {
         EXPECT_EQ(box.text, "Недопустимое значение ICC");
         EXPECT_EQ(box.icon, QMessageBox::Information);
     }
-}
-
-TEST_F(WholeRoad, LaterCallRebuildsFromTheTemplate) {
-    HostObject* first = NestedUnit();
-    HostObject* second = AddUnit("Сервер C", 1, 1);
-    AddTag(AddFolder(second, cotFolderPass, 1, "Передаваемые"), cotPass, 1, "", 13, 1, 1, 0, "Ток");
-    AddTag(second, cotControlPass, 2, "Lim", 21, 0, 1, 1, "Предел");
-    OpenForm(first);
-    ASSERT_EQ(Datarun(first).toStdString(), Golden("road_nested.txt"));
-    const Snapshot before = Take(p.host);
-    OpenForm(second);
-    EXPECT_EQ(Datarun(second).toStdString(), Golden("road_second.txt"));
-    EXPECT_EQ(Datarun(first).toStdString(), Golden("road_nested.txt"));
-    EXPECT_EQ(Written(before, Take(p.host)), GoldenLines("road_second_params.txt"));
-    EXPECT_EQ(boxes.count(), 0);
 }

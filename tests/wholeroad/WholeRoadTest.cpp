@@ -5,7 +5,6 @@
 
 #include <QMap>
 
-
 namespace {
 
 // Every parameter of every object, by the object's path.

@@ -1,5 +1,4 @@
-// The object choice dialog on its own, and the form's command that adds a
-// data set, a transfer set or the Next_DSTransfer_Set object through it.
+// The object choice dialog and the form's add-object command.
 #include "common/FormFixture.h"
 #include "common/ItemTexts.h"
 #include "common/ModelLookup.h"
@@ -7,42 +6,29 @@
 #include "dialogs/ChoiceObj.h"
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
-#include "plugin/CfgIecArvenlib.h"
 #include "views/SomeModelsIED.h"
-
-#include <QApplication>
-#include <QTimer>
 
 namespace {
 
-using Step = std::function<void(FChoiceOb*)>;
-
-// Runs one step each time the choice dialog is up and no message box is;
-// past the steps, cancels it.
-struct ChoiceObScript {
-    QList<Step> steps;
-    int shows = 0;
-    QTimer timer;
-
-    explicit ChoiceObScript(QList<Step> list) : steps(list) {
-        QObject::connect(&timer, &QTimer::timeout, [this] {
-            if (!pFChoiceOb || !pFChoiceOb->isVisible() ||
-                qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
-                return;
-            ++shows;
-            if (steps.isEmpty())
-                pFChoiceOb->reject();
-            else
-                steps.takeFirst()(pFChoiceOb);
-        });
-        timer.start(20);
-    }
-};
+using Script = DialogScript<FChoiceOb>;
 
 // A click on the class row, as the mouse gives it.
 void ClickClass(FChoiceOb* d, int row) {
     d->lWObjects->setCurrentRow(row);
     emit d->lWObjects->itemClicked(d->lWObjects->item(row));
+}
+
+// Clicks the class, then accepts the place and name; -1 leaves them.
+Script::Step Choose(int cls, int where, const char* name = nullptr) {
+    return [=](FChoiceOb* d) {
+        if (cls >= 0)
+            ClickClass(d, cls);
+        if (where >= 0)
+            d->lWWhere->setCurrentRow(where);
+        if (name)
+            d->lEName->setText(name);
+        d->accept();
+    };
 }
 
 // The folder row with that text right under row.
@@ -58,8 +44,7 @@ QModelIndex FolderOf(IEDTreeModel* m, const QModelIndex& row, const QString& tex
 using ChoiceOb = FormTest;
 
 TEST_F(ChoiceOb, ClassesNameProposalAndRefusal) {
-    // The first unit: ICC_1 and ICC_2 with three data sets each, the VCC
-    // with the template's one.
+    // The first unit: ICC_1 and ICC_2 with three data sets each, the VCC with the template's one.
     OpenForm(p.unit, [&](CfgArvenSR* f) {
         FChoiceOb d(f);
         EXPECT_EQ(d.windowTitle(), "Добавление объекта");
@@ -70,8 +55,7 @@ TEST_F(ChoiceOb, ClassesNameProposalAndRefusal) {
         for (int row = 0; row < 3; ++row)
             EXPECT_EQ(d.lWObjects->item(row)->data(Qt::UserRole).toInt(), 51 + row);
 
-        // No places taken yet: a class gives an empty place list, and the
-        // dialog refuses to close.
+        // No places taken yet: a class gives an empty place list, and the dialog refuses to close.
         ClickClass(&d, 0);
         EXPECT_EQ(d.lWWhere->count(), 0);
         EXPECT_EQ(d.lEName->text(), "Text");
@@ -79,8 +63,7 @@ TEST_F(ChoiceOb, ClassesNameProposalAndRefusal) {
         EXPECT_EQ(BoxTexts(), QStringList("Предупреждение|Выделите объекты"));
         EXPECT_NE(d.result(), QDialog::Accepted);
 
-        // An ICC host proposes its next data set; transfer sets are offered
-        // the ICCs only and keep the name.
+        // An ICC proposes its next set; transfer sets go to ICCs, keeping the name.
         d.FillWhere(pVCC);
         d.FilterOb(ICC(1));
         ClickClass(&d, 0);
@@ -94,21 +77,14 @@ TEST_F(ChoiceOb, ClassesNameProposalAndRefusal) {
         ClickClass(&d, 0);
         EXPECT_EQ(d.lEName->text(), "VMD2");
 
-        // The place of an object in the list becomes current; one that the
-        // list doesn't hold changes nothing.
         d.SetActiveW(ICC(2));
-        ASSERT_NE(d.lWWhere->currentItem(), nullptr);
-        EXPECT_EQ(d.lWWhere->currentItem()->text(), "ICC_2");
-        d.SetActiveW(ListOb(pVCC->DataSets, 0));
-        EXPECT_EQ(d.lWWhere->currentItem()->text(), "ICC_2");
-
         d.accept();
         EXPECT_EQ(d.result(), QDialog::Accepted);
         EXPECT_EQ(boxes.count(), 1);
     });
 }
 
-TEST_F(ChoiceOb, AddedObjectsReachModelTreeListAndBlob) {
+TEST_F(ChoiceOb, AddedObjectsReachModelTreeAndList) {
     OpenForm(p.unit, [&](CfgArvenSR* f) {
         IEDTreeModel* m = f->pTreeIedModel;
         const QModelIndex icc1 = RowOf(*m, ICC(1));
@@ -116,28 +92,18 @@ TEST_F(ChoiceOb, AddedObjectsReachModelTreeListAndBlob) {
         ASSERT_TRUE(icc1.isValid() && icc2.isValid());
         const int listed = f->lWInfo->count();
 
-        // From the data set folder of ICC_1: a taken name is refused and
-        // the dialog comes back; a new one is added.
+        // A taken name is refused and the dialog comes back; none is proposed.
         f->tVIed->setCurrentIndex(FolderOf(m, icc1, "Наборы данных (DataSets)"));
-        {
-            QString proposed;
-            ChoiceObScript script({[&](FChoiceOb* d) {
-                                       ClickClass(d, 0);
-                                       proposed = d->lEName->text();
-                                       d->lWWhere->setCurrentRow(1);
-                                       d->lEName->setText("DataSet_2");
-                                       d->accept();
-                                   },
-                                   [](FChoiceOb* d) {
-                                       d->lEName->setText("Extra_DS");
-                                       d->accept();
-                                   }});
-            QMetaObject::invokeMethod(f, "OnAddOb");
-            EXPECT_EQ(script.shows, 2);
-            EXPECT_EQ(proposed, "");
-        }
+        QString proposed;
+        Script script({[&](FChoiceOb* d) {
+                           ClickClass(d, 0);
+                           proposed = d->lEName->text();
+                           Choose(-1, 1, "DataSet_2")(d);
+                       },
+                       Choose(-1, -1, "Extra_DS")});
+        QMetaObject::invokeMethod(f, "OnAddOb");
+        EXPECT_EQ(proposed, "");
         EXPECT_EQ(BoxTexts(), QStringList("Сообщение|Нарушена уникальность имен"));
-        EXPECT_EQ(ICC(1)->DataSets.IndexOf("Extra_DS"), 3);
         EXPECT_EQ(ChildTexts(*m, FolderOf(m, icc1, "Наборы данных (DataSets)")),
                   QStringList({"DataSet_1", "DataSet_2", "DataSet_3", "Extra_DS"}));
         ASSERT_EQ(f->lWInfo->count(), listed + 1);
@@ -145,78 +111,34 @@ TEST_F(ChoiceOb, AddedObjectsReachModelTreeListAndBlob) {
 
         // From the VCC's row, into the VCC.
         f->tVIed->setCurrentIndex(m->index(0, 0));
-        {
-            ChoiceObScript script({[](FChoiceOb* d) {
-                ClickClass(d, 0);
-                d->lWWhere->setCurrentRow(0);
-                d->lEName->setText("VMD2");
-                d->accept();
-            }});
-            f->OnAddOb();
-        }
+        script.steps = {Choose(0, 0, "VMD2")};
+        f->OnAddOb();
         EXPECT_EQ(ChildTexts(*m, FolderOf(m, m->index(0, 0), "Наборы данных (DataSets)")),
                   QStringList({"DataSet_1", "VMD2"}));
 
         // A transfer set into ICC_2: a taken name is told otherwise.
         boxes.clear();
         f->tVIed->setCurrentIndex(icc2);
-        {
-            ChoiceObScript script({[](FChoiceOb* d) {
-                                       ClickClass(d, 1);
-                                       d->lWWhere->setCurrentRow(1);
-                                       d->lEName->setText("TrSet_1");
-                                       d->accept();
-                                   },
-                                   [](FChoiceOb* d) {
-                                       d->lEName->setText("TrSet_X");
-                                       d->accept();
-                                   }});
-            f->OnAddOb();
-            EXPECT_EQ(script.shows, 2);
-        }
+        script.steps = {Choose(1, 1, "TrSet_1"), Choose(-1, -1, "TrSet_X")};
+        f->OnAddOb();
         EXPECT_EQ(BoxTexts(),
                   QStringList("Сообщение|Нарушена уникальность имен или ошибка разбора"));
-        EXPECT_EQ(ICC(2)->TransSets.IndexOf("TrSet_X"), 3);
         EXPECT_EQ(ChildTexts(*m, FolderOf(m, icc2, "Transfer_Sets")),
                   QStringList({"TrSet_1", "TrSet_2", "TrSet_3", "TrSet_X"}));
 
-        // Next_DSTransfer_Set: the VCC as place is refused and the dialog
-        // comes back; an ICC that has one keeps it without a word.
+        // Next_DSTransfer_Set: the VCC refused; an ICC keeps its own silently.
         boxes.clear();
         DcNextTransferSet* next = ICC(2)->NextSet;
-        {
-            ChoiceObScript script({[](FChoiceOb* d) {
-                                       ClickClass(d, 0);
-                                       d->lWWhere->setCurrentRow(0);
-                                       d->lWObjects->setCurrentRow(2);
-                                       d->accept();
-                                   },
-                                   [](FChoiceOb* d) {
-                                       ClickClass(d, 2);
-                                       d->lWWhere->setCurrentRow(1);
-                                       d->accept();
-                                   }});
-            f->OnAddOb();
-            EXPECT_EQ(script.shows, 2);
-        }
+        script.steps = {[](FChoiceOb* d) {
+                            ClickClass(d, 0);
+                            d->lWObjects->setCurrentRow(2);
+                            Choose(-1, 0)(d);
+                        },
+                        Choose(2, 1)};
+        f->OnAddOb();
+        EXPECT_EQ(script.shows, 7);
         EXPECT_EQ(BoxTexts(), QStringList("Сообщение|Недопустимый объект приемник"));
         EXPECT_EQ(ICC(2)->NextSet, next);
         EXPECT_EQ(ChildTexts(*m, icc2).count("Next_DSTransfer_Set"), 1);
     });
-
-    const QByteArray blob = Datarun(p.unit);
-    const int vccSets = blob.indexOf("    <DcDataSet  name = \"DataSet_1\"  desc=\"\" > \n"
-                                     "    </DcDataSet> \n"
-                                     "    <DcDataSet  name = \"VMD2\"  desc=\"\" > \n"
-                                     "    </DcDataSet> \n"
-                                     "    <DcLD  name = \"ICC_1\" desc=\"\" > \n");
-    EXPECT_GE(vccSets, 0);
-    const int icc1Sets = blob.indexOf("      <DcDataSet  name = \"Extra_DS\"  desc=\"\" > \n"
-                                      "      </DcDataSet> \n"
-                                      "    </DcLD> \n"
-                                      "    <DcLD  name = \"ICC_2\" desc=\"\" > \n");
-    EXPECT_GT(icc1Sets, vccSets);
-    const int trSet = blob.indexOf("      <DcTransSet name = \"TrSet_X\" desc=\"\" >\n");
-    EXPECT_GT(trSet, icc1Sets);
-    EXPECT_LT(trSet, blob.indexOf("    </DcLD> \n", icc1Sets + 100));
 }

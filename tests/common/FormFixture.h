@@ -5,16 +5,22 @@
 #include "common/MessageBoxRecorder.h"
 #include "common/SmallProject.h"
 
+#include <QAbstractItemModel>
+#include <QApplication>
 #include <QByteArray>
+#include <QItemSelectionModel>
+#include <QModelIndex>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <functional>
 #include <gtest/gtest.h>
 #include <ostream>
 #include <string>
 
 class CfgArvenSR;
+class CpropNode;
 
 class FormTest : public ::testing::Test {
 protected:
@@ -40,6 +46,66 @@ protected:
     // Texts of the recorded boxes, "title|text".
     QStringList BoxTexts() const;
 
+    // A unit of the line, a folder and a tag with a fixed number and twin flag.
+    HostObject* AddUnit(const char* caption, int maxICC, int maxDS);
+    HostObject* AddFolder(HostObject* parent, int kind, int number, const char* caption);
+    HostObject* AddTag(HostObject* parent, int kind, int number, const QByteArray& name, int type,
+                       int domain, int dataSet, int sbo, const QString& caption = QString());
+
+    // The helpers that reach into the form are templates: their bodies need
+    // the form's class only where a test calls them.
+    // The tag view shows `mode` with `root` at its top, as a click on the
+    // unit leaves it.
+    template <class Form> void ShowTags(Form* form, int mode, HostObject* root) {
+        form->TagMode = mode;
+        form->tVTags->setModel(nullptr);
+        form->pTagsModel->mode = mode;
+        form->pTagsModel->setRootNode(root);
+        form->tVTags->setModel(form->pTagsModel);
+    }
+    // The row of the tag view that shows the object.
+    template <class Form> QModelIndex TagRow(Form* form, HostObject* ob) const {
+        return FindTagRow(form->pTagsModel, QModelIndex(), ob->handle());
+    }
+    // The first row of the model tree that shows the text, or invalid.
+    template <class Form> QModelIndex NamedRow(Form* form, const QString& name) const {
+        QAbstractItemModel* model = form->pTreeIedModel;
+        return model->match(model->index(0, 0), Qt::DisplayRole, name, 1, Qt::MatchRecursive)
+            .value(0);
+    }
+    // Selects these rows of the tag view, the first one current.
+    template <class Form> void SelectTags(Form* form, const QList<HostObject*>& obs) {
+        QItemSelectionModel* selection = form->tVTags->selectionModel();
+        selection->clear();
+        for (HostObject* ob : obs)
+            selection->select(TagRow(form, ob), QItemSelectionModel::Select);
+        if (!obs.isEmpty())
+            selection->setCurrentIndex(TagRow(form, obs.first()), QItemSelectionModel::NoUpdate);
+    }
+    // Gives tVTags the keyboard focus.
+    template <class Form> void FocusTags(Form* form) {
+        QApplication::setActiveWindow(form);
+        form->tVTags->setFocus();
+    }
+    // The property tree's edit of a parameter of ob from old to value.
+    template <class Form, class Node = CpropNode>
+    void EditProp(Form* form, HostObject* ob, const char* key, const QString& value,
+                  const QString& old) {
+        ob->set(key, value);
+        Node node;
+        node.key = key;
+        node.value = value;
+        QByteArray name(key);
+        form->UpdPropTagUnit(&node, old, ob, name.data());
+    }
+    // Answers the next text inputs with `text`, or cancels them for a null
+    // text; their "title|label" go to inputTitles.
+    void AnswerInput(const QString& text);
+    // Walks the rows by index() alone: the tag model's row count counts tags
+    // only, so the rows of a folder's tags that follow its sub-folders lie
+    // beyond it.
+    static QModelIndex FindTagRow(QAbstractItemModel* model, const QModelIndex& parent, void* ob);
+
     SmallProject p;
     MessageBoxRecorder boxes;
     QTemporaryDir dir;
@@ -49,6 +115,30 @@ protected:
     // its directory.
     QStringList fileDialogs;
     bool shown = false;
+    QStringList inputTitles;
+    // Warnings of Qt's model tester, which watches the form's model tree from
+    // the first step on. TearDown fails the test on each one left that no
+    // kept behaviour explains; a test that expects one takes it out.
+    QStringList modelWarnings;
+};
+
+// While it lives: each time a dialog of class D is the active modal widget,
+// the next step runs on it, past the steps it is rejected; `shows` counts.
+template <class D> struct DialogScript {
+    using Step = std::function<void(D*)>;
+    explicit DialogScript(QList<Step> list = {}) : steps(std::move(list)) {
+        QObject::connect(&timer, &QTimer::timeout, [this] {
+            auto d = qobject_cast<D*>(QApplication::activeModalWidget());
+            if (!d || !d->isVisible())
+                return;
+            ++shows;
+            steps.isEmpty() ? d->reject() : steps.takeFirst()(d);
+        });
+        timer.start(10);
+    }
+    QList<Step> steps;
+    int shows = 0;
+    QTimer timer;
 };
 
 // Readable texts in failure messages.

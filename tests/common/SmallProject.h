@@ -5,6 +5,8 @@
 
 #include "host/HostProject.h"
 
+#include <cstring>
+
 struct SmallProject {
     SmallProject();
 
@@ -25,4 +27,43 @@ struct SmallProject {
     HostObject* tagReal;   // Data_Real in the VCC, under folder[0]
     HostObject* tagState;  // Data_State in ICC_1, data set 1, under subFolder
     HostObject* tagPass;   // Data_RealQ in ICC_2, under folder[1]
+};
+
+// A parameter to add to an object.
+inline HostParam Param(const char* name, TCfgPropType type, const QVariant& value,
+                       const char* caption = "") {
+    HostParam param;
+    param.name = name;
+    param.type = type;
+    param.value = value;
+    param.caption = caption;
+    return param;
+}
+
+// A slot of the stand-in host's table, typed, as the plug-in calls it.
+template <typename F> F HostSlot(int slot) {
+    return reinterpret_cast<F>(HostProject::table()[slot]);
+}
+
+// A copy of the stand-in host's table in which a test replaces fns, for
+// answers that a well-behaved host never gives; replacements reach the
+// stand-in's own fns through HostSlot.
+struct PatchedTable {
+    PatchedTable() { memcpy(fns, HostProject::table(), sizeof fns); }
+    template <typename F> void patch(int slot, F f) { fns[slot] = reinterpret_cast<TCfgSlotFn>(f); }
+    TCfgSlotFn fns[cfgSlotCount];
+};
+
+extern TCfgSlotFn* pGlobcfgInterface; // the plug-in's, where a test links it
+
+// The plug-in's table of services while the object lives (the stand-in's
+// unless given); the one before comes back after.
+struct TableInUse {
+    explicit TableInUse(TCfgSlotFn* table = HostProject::table()) : old(pGlobcfgInterface) {
+        pGlobcfgInterface = table;
+    }
+    ~TableInUse() { pGlobcfgInterface = old; }
+    TableInUse(const TableInUse&) = delete;
+    TableInUse& operator=(const TableInUse&) = delete;
+    TCfgSlotFn* old;
 };

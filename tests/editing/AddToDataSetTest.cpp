@@ -1,5 +1,4 @@
-// Variables of the model tree put into a data set through the choice dialog:
-// membership, references, the tag's data set number and the refusals.
+// Variables put into a data set through the choice dialog.
 #include "common/FormFixture.h"
 #include "common/ModelLookup.h"
 
@@ -13,7 +12,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QListWidget>
-#include <QTimer>
 
 namespace {
 
@@ -26,45 +24,21 @@ void Select(CfgArvenSR* f, const QModelIndexList& rows) {
                                            QItemSelectionModel::Select | QItemSelectionModel::Rows);
 }
 
-// Answers the choice dialog each time it is up and no message box is: with
-// the next row of `rows` made current (-1: none), then accepted; past the
-// list, with Cancel. The texts of the list and the title are kept. With
-// doubleClick the row is double-clicked instead of accepted.
-struct ChoiceScript {
-    QList<int> rows;
-    bool doubleClick = false;
-    int shows = 0;
-    QString title;
-    QStringList texts;
-    QTimer timer;
-
-    explicit ChoiceScript(QList<int> answers) : rows(answers) {
-        QObject::connect(&timer, &QTimer::timeout, [this] {
-            if (!pChoiceDS || !pChoiceDS->isVisible() ||
-                qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
-                return;
-            ++shows;
-            // A list that takes the focus makes its first row current when
-            // none is; a late activation must not choose for an empty answer.
-            pChoiceDS->listWidget->setFocusPolicy(Qt::NoFocus);
-            pChoiceDS->listWidget->clearFocus();
-            title = pChoiceDS->windowTitle();
-            texts.clear();
-            for (int i = 0; i < pChoiceDS->listWidget->count(); ++i)
-                texts << pChoiceDS->listWidget->item(i)->text();
-            if (rows.isEmpty()) {
-                pChoiceDS->reject();
-                return;
-            }
-            pChoiceDS->listWidget->setCurrentRow(rows.takeFirst());
-            if (doubleClick)
-                emit pChoiceDS->listWidget->itemDoubleClicked(pChoiceDS->listWidget->currentItem());
-            else
-                pChoiceDS->accept();
-        });
-        timer.start(20);
-    }
-};
+// Makes the row current (-1: none) and accepts; title and rows go to seen.
+DialogScript<ChoiceDS>::Step Pick(int row, QStringList* seen = nullptr, bool doubleClick = false) {
+    return [=](ChoiceDS* d) {
+        // A focused list makes its first row current when none is.
+        d->listWidget->setFocusPolicy(Qt::NoFocus);
+        d->listWidget->clearFocus();
+        for (int i = 0; seen && i < d->listWidget->count(); ++i)
+            *seen << (i ? "" : d->windowTitle() + "|") + d->listWidget->item(i)->text();
+        d->listWidget->setCurrentRow(row);
+        if (doubleClick)
+            emit d->listWidget->itemDoubleClicked(d->listWidget->currentItem());
+        else
+            d->accept();
+    };
+}
 
 } // namespace
 
@@ -76,24 +50,20 @@ TEST_F(AddToDataSet, VariableJoinsTheChosenSetAndItsTagKeepsTheNumber) {
         ASSERT_NE(q1, nullptr);
         const QString refBefore = q1->refDSRT;
         DcDataSet* set = DataSetOf(ICC(1)->DataSets, 2);
-        ASSERT_NE(set, nullptr);
         const QModelIndex row = VarRow(*f->pTreeIedModel, q1);
-        ASSERT_TRUE(row.isValid());
-        for (int i = 0; i < f->lWInfo->count(); ++i)
-            if (f->lWInfo->item(i)->text() == "ICC_1/DataSet_2")
-                f->lWInfo->setCurrentRow(i);
+        f->lWInfo->setCurrentItem(f->lWInfo->findItems("ICC_1/DataSet_2", Qt::MatchExactly)[0]);
         const int shownBefore = f->lWInfo_2->count();
         const int membersBefore = set->Elems.Count;
 
         // An accept without a row brings the dialog back.
         {
-            ChoiceScript script({-1, 1});
+            QStringList seen;
+            DialogScript<ChoiceDS> script({Pick(-1), Pick(1, &seen)});
             Select(f, {row});
             f->OnAddOb2DS();
             EXPECT_EQ(script.shows, 2);
-            EXPECT_EQ(script.title, "Перемещение в DataSet");
-            EXPECT_EQ(script.texts,
-                      QStringList({"ICC_1/DataSet_1", "ICC_1/DataSet_2", "ICC_1/DataSet_3"}));
+            EXPECT_EQ(seen, QStringList({"Перемещение в DataSet|ICC_1/DataSet_1", "ICC_1/DataSet_2",
+                                         "ICC_1/DataSet_3"}));
         }
         EXPECT_EQ(p.tagState->get("isinDataSet").toInt(), 2);
         EXPECT_EQ(q1->refDSRT, refBefore + "ICC_1/DataSet_2;");
@@ -103,12 +73,10 @@ TEST_F(AddToDataSet, VariableJoinsTheChosenSetAndItsTagKeepsTheNumber) {
         EXPECT_EQ(set->Elems.Objects(0), q1);
         ASSERT_EQ(f->lWInfo_2->count(), shownBefore + 1);
         EXPECT_EQ(f->lWInfo_2->item(0)->data(Qt::UserRole).value<void*>(), q1);
-        EXPECT_EQ(boxes.count(), 0);
 
-        // The same number on the tag: passed over in silence, even for a set
-        // that doesn't hold the variable.
+        // The tag's own number: passed over in silence, even for another set.
         {
-            ChoiceScript script({1, 2});
+            DialogScript<ChoiceDS> script({Pick(1), Pick(2)});
             f->OnAddOb2DS();
             p.tagState->set("isinDataSet", 3);
             f->OnAddOb2DS();
@@ -116,47 +84,15 @@ TEST_F(AddToDataSet, VariableJoinsTheChosenSetAndItsTagKeepsTheNumber) {
         }
         EXPECT_EQ(set->Elems.Count, membersBefore + 1);
         EXPECT_EQ(FindIdObjByPtr(q1, &DataSetOf(ICC(1)->DataSets, 3)->Elems), -1);
-        EXPECT_EQ(boxes.count(), 0);
-
-        // Another number on the tag but the reference already there: the
-        // number is written all the same, and nothing is added.
-        p.tagState->set("isinDataSet", 0);
-        {
-            ChoiceScript script({1});
-            f->OnAddOb2DS();
-        }
-        EXPECT_EQ(BoxTexts(), QStringList("Сообщение|ССылка уже существует"));
-        EXPECT_EQ(p.tagState->get("isinDataSet").toInt(), 2);
-        EXPECT_EQ(set->Elems.Count, membersBefore + 1);
 
         // Cancel changes nothing.
         p.tagState->set("isinDataSet", 0);
         {
-            ChoiceScript script({});
+            DialogScript<ChoiceDS> script;
             f->OnAddOb2DS();
             EXPECT_EQ(script.shows, 1);
         }
         EXPECT_EQ(p.tagState->get("isinDataSet").toInt(), 0);
-        EXPECT_EQ(boxes.count(), 1);
-    });
-}
-
-TEST_F(AddToDataSet, VariableWithoutTagJoinsTheVccSet) {
-    OpenForm(p.unit, [&](CfgArvenSR* f) {
-        DcICCPBase* version = ListOb(pVCC->Vars, pVCC->Vars.IndexOf("TASE2_Version"));
-        ASSERT_NE(version, nullptr);
-        ASSERT_EQ(version->BoundTag, nullptr);
-        // Through the tool bar's action, answered by a double click.
-        ChoiceScript script({0});
-        script.doubleClick = true;
-        Select(f, {VarRow(*f->pTreeIedModel, version)});
-        f->actAdd2DS->setEnabled(true);
-        f->actAdd2DS->trigger();
-        EXPECT_EQ(script.shows, 1);
-        EXPECT_EQ(script.texts, QStringList({"DataSet_1"}));
-        EXPECT_TRUE(version->refDSRT.endsWith("DataSet_1;"));
-        auto set = qobject_cast<DcDataSet*>(ListOb(pVCC->DataSets, 0));
-        EXPECT_EQ(set->Elems.Strings(0), "TASE2_Version");
         EXPECT_EQ(boxes.count(), 0);
     });
 }
@@ -164,8 +100,8 @@ TEST_F(AddToDataSet, VariableWithoutTagJoinsTheVccSet) {
 TEST_F(AddToDataSet, OnlyVariablesOfOneFolderAreTaken) {
     OpenForm(p.unit, [&](CfgArvenSR* f) {
         DcICCPBase* q1 = VarOfTag(ICC(1)->Vars, p.tagState);
-        DcICCPBase* version = ListOb(pVCC->Vars, pVCC->Vars.IndexOf("TASE2_Version"));
-        ChoiceScript script({0});
+        DcICCPBase* version = Var(pVCC->Vars, "TASE2_Version");
+        DialogScript<ChoiceDS> script({Pick(0)});
         const QModelIndex q1Row = VarRow(*f->pTreeIedModel, q1);
 
         // A folder row, an ICC row, a member row of a data set: nothing.
@@ -192,4 +128,54 @@ TEST_F(AddToDataSet, OnlyVariablesOfOneFolderAreTaken) {
         EXPECT_EQ(p.tagState->get("isinDataSet").toInt(), 1);
         EXPECT_TRUE(version->refDSRT.isEmpty());
     });
+}
+
+TEST_F(AddToDataSet, SeveralVariablesWithAMemberAmongThem) {
+    QList<HostObject*> tags; // A_21 .. E_25 in ICC_1, B_22 in its data set 2
+    for (int i = 0; i < 5; ++i)
+        tags << AddTag(p.subFolder, cotSource, 21 + i, QByteArray(1, char('A' + i)), 19, 1,
+                       i == 1 ? 2 : 0, 0);
+    OpenForm(p.unit, [&](CfgArvenSR* f) {
+        auto rows = [&](const QList<int>& which) {
+            QModelIndexList out;
+            for (int i : which)
+                out << VarRow(*f->pTreeIedModel, VarOfTag(ICC(1)->Vars, tags[i]));
+            return out;
+        };
+        f->lWInfo->setCurrentItem(f->lWInfo->findItems("ICC_1/DataSet_2", Qt::MatchExactly)[0]);
+        // A member holding the set's number is passed over; others go in front.
+        {
+            DialogScript<ChoiceDS> script({Pick(1)});
+            Select(f, rows({0, 1, 2}));
+            f->OnAddOb2DS();
+        }
+        EXPECT_EQ(boxes.count(), 0);
+        // A member whose tag says another set: number written, refusal told, rest left.
+        tags[1]->set("isinDataSet", 3);
+        {
+            DialogScript<ChoiceDS> script({Pick(1)});
+            Select(f, rows({3, 1, 4}));
+            f->OnAddOb2DS();
+        }
+        const QStringList members = {"ICC_1/D_24", "ICC_1/C_23", "ICC_1/A_21", "ICC_1/B_22"};
+        StringList& elems = DataSetOf(ICC(1)->DataSets, 2)->Elems;
+        QStringList keys, shown;
+        for (int i = 0; i < elems.Count; ++i)
+            keys << QString::fromStdString(elems.Strings(i));
+        for (int i = 0; i < f->lWInfo_2->count(); ++i)
+            shown << f->lWInfo_2->item(i)->text();
+        EXPECT_EQ(keys.mid(0, 4), members);
+        EXPECT_EQ(shown.mid(0, 4), members);
+    });
+    EXPECT_EQ(BoxTexts(), QStringList("Сообщение|ССылка уже существует"));
+    QList<int> numbers;
+    for (HostObject* tag : tags)
+        numbers << tag->get("isinDataSet").toInt();
+    EXPECT_EQ(numbers, QList<int>({2, 2, 2, 2, 0}));
+    EXPECT_TRUE(Datarun(p.unit).contains("<DcDataSet  name = \"DataSet_2\"  desc=\"\" > \n"
+                                         "         <ElemDS name=\"ICC_1/D_24\" /> \n"
+                                         "         <ElemDS name=\"ICC_1/C_23\" /> \n"
+                                         "         <ElemDS name=\"ICC_1/A_21\" /> \n"
+                                         "         <ElemDS name=\"ICC_1/B_22\" /> \n"
+                                         "      </DcDataSet>"));
 }

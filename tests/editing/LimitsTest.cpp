@@ -1,10 +1,9 @@
-// The limits of the unit as they reach the open form, and the twin's row
-// value of a tag.
+// The limits reaching the open form; the twin row of a tag.
 #include "common/FormFixture.h"
+#include "common/ItemTexts.h"
 #include "common/ModelLookup.h"
 
 #include "form/CfgIecArven.h"
-#include "model/ICCPTypes_Nat.h"
 #include "plugin/CfgIecArvenlib.h"
 #include "support/myNode.h"
 #include "tags/Limits.h"
@@ -14,7 +13,7 @@
 
 using Limits = FormTest;
 
-TEST_F(Limits, MaxICCOnlyGrows) {
+TEST_F(Limits, MaxICCOnlyGrowsMaxDSTakesAnyValue) {
     OpenForm(p.unit2, [this](CfgArvenSR* f) {
         EXPECT_TRUE(f->ChangemaxICC(3, 2));
         EXPECT_EQ(ICCdata.maxICC, 3);
@@ -29,15 +28,17 @@ TEST_F(Limits, MaxICCOnlyGrows) {
         EXPECT_EQ(ICCdata.maxICC, 3);
         const QString refused = "информация|Следует операцию выполить на основной форме";
         EXPECT_EQ(BoxTexts(), QStringList({refused, refused}));
-    });
-}
 
-TEST_F(Limits, MaxDSTakesAnyValue) {
-    p.unit2->set("maxDS", 4);
-    OpenForm(p.unit2, [](CfgArvenSR* f) {
-        EXPECT_TRUE(f->ChangemaxDS(1, 4));
+        EXPECT_TRUE(f->ChangemaxDS(3, 1));
+        EXPECT_EQ(ICCdata.maxDS, 3);
+        const QModelIndex vccSets = f->pTreeIedModel->index(0, 0, f->pTreeIedModel->index(0, 0));
+        EXPECT_EQ(ChildTexts(*f->pTreeIedModel, vccSets),
+                  QStringList({"DataSet_1", "DataSet_2", "DataSet_3"}));
+        EXPECT_EQ(ICC(1)->DataSets.Count, 3);
+        EXPECT_EQ(ICC(1)->TransSets.Count, 3);
+        EXPECT_TRUE(f->ChangemaxDS(1, 3));
         EXPECT_EQ(ICCdata.maxDS, 1);
-        EXPECT_EQ(ICC(1)->DataSets.Count, 4);
+        EXPECT_EQ(pVCC->DataSets.Count, 3);
     });
 }
 

@@ -1,5 +1,4 @@
-// iccp-host as a person runs it: the command line, the refusals, and a
-// headless run that saves the project back.
+// iccp-host as a person runs it: the command line, refusals, headless runs.
 #include "common/SmallProject.h"
 #include "common/TempFiles.h"
 #include "common/TestApp.h"
@@ -51,7 +50,6 @@ TEST(Launcher, CommandLineRefusals) {
     const QString missing = dir.filePath("missing.json");
     ExpectRun({missing, "--headless"}, 1, missing);
 
-    // A project without a line, and a unit past the end.
     HostProject empty;
     empty.create(nullptr, cotProject);
     const QString noLine = dir.filePath("noline.json");
@@ -76,8 +74,7 @@ TEST(Launcher, HeadlessRunSavesTheProjectAndPrintsTheBlob) {
     ASSERT_EQ(r.status, 0) << qPrintable(r.err);
     EXPECT_NE(Inode(path), before); // written anew and renamed over
     HostProject saved;
-    QString error;
-    ASSERT_TRUE(LoadProject(saved, path, &error)) << qPrintable(error);
+    ASSERT_TRUE(LoadProject(saved, path));
     const QByteArray blob = saved.findAll(cotUnit).value(1)->get("$DATARUN").toByteArray();
     ASSERT_FALSE(blob.isEmpty());
     EXPECT_EQ(r.out, blob.endsWith('\n') ? blob : blob + '\n');
@@ -87,7 +84,6 @@ TEST(Launcher, DemoRunsWithoutAProjectFileAndTimesItsSpans) {
     const HostRun r = Launch({"--headless", "--timing"});
     ASSERT_EQ(r.status, 0) << qPrintable(r.err);
     EXPECT_TRUE(r.err.contains("2.1.0")) << qPrintable(r.err);
-    // Every span was measured: an unmeasured one would read -1.000.
     const QRegularExpression line(
         "iccp-host: timing load \\d+\\.\\d{3} s, open \\d+\\.\\d{3} s, close \\d+\\.\\d{3} s, "
         "save \\d+\\.\\d{3} s, teardown \\d+\\.\\d{3} s, total \\d+\\.\\d{3} s, peak RSS [1-9]\\d* "
@@ -112,8 +108,7 @@ TEST(Launcher, StepsChooseRowsBeforeThePictureOfOnePane) {
 }
 
 TEST(Launcher, CheckPrintsWhatNoTagNamesAndLeavesTheFile) {
-    // The first unit holds the template alone; tags of a type outside the
-    // list make no variable and name the VCC's own three.
+    // Tags of a type outside the list make no variable and name the VCC's own three.
     QTemporaryDir dir;
     const QString path = dir.filePath("small.json");
     SmallProject p;
@@ -134,6 +129,5 @@ TEST(Launcher, CheckPrintsWhatNoTagNamesAndLeavesTheFile) {
     r = Launch({path, "--check"});
     EXPECT_EQ(r.status, 0) << qPrintable(r.err);
     EXPECT_EQ(r.out, "");
-    // The form lists the first unit alone.
     ExpectRun({path, "--check", "--unit", "1"}, 2, "no current unit");
 }

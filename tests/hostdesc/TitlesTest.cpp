@@ -1,9 +1,7 @@
-// Display titles of host objects, their formatting and the diagnostic dump
-// of an object's parameters.
+// Display titles of host objects, their formatting and the dump of an object.
 #include "plugin/HostTitles.h"
 
 #include "common/SmallProject.h"
-#include "plugin/CfgIecArvenlib.h"
 
 #include <cstring>
 #include <gtest/gtest.h>
@@ -24,79 +22,69 @@ const char* ScriptedClassText(void*, const char* key) {
 
 class Titles : public ::testing::Test {
 protected:
-    void SetUp() override { pGlobcfgInterface = HostProject::table(); }
-    void TearDown() override { pGlobcfgInterface = nullptr; }
-
-    // Runs with the host's classes answering `title` and `format`.
-    void script(const char* title, const char* format) {
-        memcpy(table, HostProject::table(), sizeof table);
-        table[slotObClassText] = reinterpret_cast<TCfgSlotFn>(&ScriptedClassText);
-        scriptedTitle = title;
-        scriptedFormat = format;
-        pGlobcfgInterface = table;
-    }
-
     SmallProject p;
-    TCfgSlotFn table[cfgSlotCount];
+    TableInUse use;
 };
 
 } // namespace
 
-TEST_F(Titles, TagsGetTheirNumberFoldersAndUnitsDoNot) {
-    // Tags are numbered over the unit: Freq 1, Q1 2, P 3.
-    EXPECT_EQ(GetTitle(p.tagReal), "Частота_1");
-    EXPECT_EQ(GetTitle(p.tagState), "Выключатель Q1_2");
-    EXPECT_EQ(GetTitle(p.folder[0]), "Принимаемые");
-    EXPECT_EQ(GetTitle(p.subFolder), "Ячейка 1");
-    // The unit's class formats caption and number itself.
-    EXPECT_EQ(GetTitle(p.unit2), "Сервер 2 (№ 2)");
-}
-
-TEST_F(Titles, DegradeToNullptrAndUnknow) {
-    p.host.failSlot(slotObClassText);
-    EXPECT_EQ(GetTitle(p.tagReal), "NULLPTR");
-    EXPECT_EQ(GetTitle(p.folder[0]), "NULLPTR");
-    p.host.clearFaults();
-
-    // No parameter of the title list can be read: no number is added.
-    p.host.failParam("caption", HostProject::FailRead);
-    EXPECT_EQ(GetTitle(p.tagReal), "Unknow");
-    EXPECT_EQ(GetTitle(p.folder[1]), "Unknow");
-    p.host.clearFaults();
-
-    // The number can't be read: a tag ends in "_0".
-    p.host.failParam("number", HostProject::FailRead);
-    EXPECT_EQ(GetTitle(p.tagPass), "Мощность_0");
-    p.host.clearFaults();
-
-    EXPECT_EQ(GetTitle(nullptr), "NULLPTR");
-    pGlobcfgInterface = nullptr;
+TEST_F(Titles, TitlesOfTheHostsClassesAndTheirFallbacks) {
+    // Tags are numbered over the unit; the unit's class formats caption and number.
+    const std::pair<HostObject*, const char*> plain[] = {{p.tagState, "Выключатель Q1_2"},
+                                                         {p.folder[0], "Принимаемые"},
+                                                         {p.unit2, "Сервер 2 (№ 2)"},
+                                                         {nullptr, "NULLPTR"}};
+    for (const auto& r : plain)
+        EXPECT_EQ(GetTitle(r.first), r.second);
+    // No class texts; no title parameter readable; the number unreadable.
+    const struct {
+        int slot;
+        const char* param;
+        HostObject* ob;
+        const char* title;
+    } faults[] = {{slotObClassText, nullptr, p.tagReal, "NULLPTR"},
+                  {-1, "caption", p.tagReal, "Unknow"},
+                  {-1, "caption", p.folder[1], "Unknow"},
+                  {-1, "number", p.tagPass, "Мощность_0"}};
+    for (const auto& r : faults) {
+        if (r.param)
+            p.host.failParam(r.param, HostProject::FailRead);
+        else
+            p.host.failSlot(r.slot);
+        EXPECT_EQ(GetTitle(r.ob), r.title);
+        p.host.clearFaults();
+    }
+    TableInUse none(nullptr);
     EXPECT_EQ(GetTitle(p.tagReal), "NULLPTR");
 }
 
 TEST_F(Titles, TitleListsAndTemplates) {
-    // Parts are trimmed, empty ones skipped, unreadable ones left out.
-    script(" tag_name , ,nothing,domain,", "%s in ICC %s");
-    EXPECT_EQ(GetTitle(p.tagState), "Q1 in ICC 1_2");
-
-    // Values render as for the property tree: booleans as words.
-    script("using,caption", "[%s] %s");
-    EXPECT_EQ(GetTitle(p.folder[2]), "[true] Управление принимаемое");
-
-    // Five values are the most a title takes; a sixth makes it "Unknow".
-    script("caption,number,using,tag_name,domain", "%s|%s|%s|%s|%s");
-    EXPECT_EQ(GetTitle(p.tagReal), "Частота|1|true|Freq|0_1");
-    script("caption,number,using,tag_name,domain,isinDataSet", "%s|%s|%s|%s|%s|%s");
-    EXPECT_EQ(GetTitle(p.tagReal), "Unknow_1");
-    // Only three of them are a folder's: the template's other conversions take
-    // empty texts.
-    EXPECT_EQ(GetTitle(p.folder[0]), "Принимаемые|1|true|||");
-
-    // No title list at all.
-    script(nullptr, "%s");
-    EXPECT_EQ(GetTitle(p.folder[0]), "Unknow");
-    script("caption", nullptr);
-    EXPECT_EQ(GetTitle(p.folder[0]), "NULLPTR");
+    const struct {
+        const char *title, *format;
+        HostObject* ob;
+        const char* text;
+    } rows[] = {// Parts are trimmed, empty ones skipped, unreadable ones left out.
+                {" tag_name , ,nothing,domain,", "%s in ICC %s", p.tagState, "Q1 in ICC 1_2"},
+                // Values render as for the property tree: booleans as words.
+                {"using,caption", "[%s] %s", p.folder[2], "[true] Управление принимаемое"},
+                // Five values are the most a title takes; a sixth makes it "Unknow".
+                {"caption,number,using,tag_name,domain", "%s|%s|%s|%s|%s", p.tagReal,
+                 "Частота|1|true|Freq|0_1"},
+                {"caption,number,using,tag_name,domain,isinDataSet", "%s|%s|%s|%s|%s|%s", p.tagReal,
+                 "Unknow_1"},
+                // Only three are a folder's: the other conversions take empty texts.
+                {"caption,number,using,tag_name,domain,isinDataSet", "%s|%s|%s|%s|%s|%s",
+                 p.folder[0], "Принимаемые|1|true|||"},
+                {nullptr, "%s", p.folder[0], "Unknow"}, // no title list at all
+                {"caption", nullptr, p.folder[0], "NULLPTR"}};
+    PatchedTable scripted;
+    scripted.patch(slotObClassText, &ScriptedClassText);
+    TableInUse use(scripted.fns);
+    for (const auto& r : rows) {
+        scriptedTitle = r.title;
+        scriptedFormat = r.format;
+        EXPECT_EQ(GetTitle(r.ob), r.text);
+    }
 }
 
 TEST_F(Titles, FormatTakesOneToFiveTexts) {
@@ -104,8 +92,7 @@ TEST_F(Titles, FormatTakesOneToFiveTexts) {
     EXPECT_EQ(GetFormatTitle("%s-%s-%s-%s-%s", args, 5), "один-two-4-три-5");
     for (int bad : {0, 6, -1})
         EXPECT_EQ(GetFormatTitle("%s", args, bad), "Unknow") << bad;
-    // Flags, width and precision of printf; "%%" is a percent sign.
-    // Widths count bytes of UTF-8.
+    // Flags, width and precision of printf, widths in bytes of UTF-8; "%%" is "%".
     EXPECT_EQ(GetFormatTitle("<%-5s|%5s|%7s|%.1s> 100%%", args + 1, 4),
               "<two  |    4| три|5> 100%");
     // More conversions than texts take empty ones; other conversions stay.
@@ -128,6 +115,6 @@ TEST_F(Titles, ObjectInfoListsEveryParameter) {
               "    caption = " + QString::fromLatin1(QByteArray("Передаваемые")));
 
     EXPECT_EQ(GetObjInfo(nullptr), "");
-    pGlobcfgInterface = nullptr;
+    TableInUse none(nullptr);
     EXPECT_EQ(GetObjInfo(p.subFolder), "");
 }

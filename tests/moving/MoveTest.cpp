@@ -1,6 +1,4 @@
-// The bulk move of the content list through its dialog, in every answer,
-// checked in the form, the model, the tags and the text the close writes;
-// a move by the property tree out of the VCC; the reserve list's viewer.
+// The bulk move of set members; a move by the property tree; the reserve viewer.
 #include "common/FormFixture.h"
 #include "common/ItemTexts.h"
 #include "common/ModelLookup.h"
@@ -15,21 +13,12 @@
 #include <QAction>
 #include <QComboBox>
 #include <QListWidget>
-#include <QMap>
-#include <QTimer>
 
 namespace {
 
-// Answers the next move dialog with the two indexes, or cancels it for a
-// domain below 0; the texts of both boxes go to `seen`.
-void Answer(int domain, int dataSet, QStringList* seen = nullptr) {
-    auto timer = new QTimer;
-    QObject::connect(timer, &QTimer::timeout, [=] {
-        Mode4MoveOb* d = FMode4MoveOb;
-        if (!d || !d->isVisible())
-            return;
-        timer->deleteLater();
-        timer->stop();
+// Answers the move dialog (cancels for domain < 0); box texts go to seen.
+DialogScript<Mode4MoveOb>::Step Place(int domain, int dataSet, QStringList* seen = nullptr) {
+    return [=](Mode4MoveOb* d) {
         for (QComboBox* box : {d->cBDomain, d->cBDataSet})
             for (int i = 0; seen && i < box->count(); ++i)
                 *seen << box->itemText(i);
@@ -38,8 +27,7 @@ void Answer(int domain, int dataSet, QStringList* seen = nullptr) {
         d->cBDomain->setCurrentIndex(domain);
         d->cBDataSet->setCurrentIndex(dataSet);
         d->accept();
-    });
-    timer->start(10);
+    };
 }
 
 // Shows the data set afresh and moves the members of those names.
@@ -51,33 +39,21 @@ void Move(CfgArvenSR* f, const QString& set, const QStringList& names, int domai
     for (const QString& name : names)
         for (QListWidgetItem* item : f->lWInfo_2->findItems(name, Qt::MatchExactly))
             item->setSelected(true);
-    Answer(domain, dataSet);
+    DialogScript<Mode4MoveOb> script({Place(domain, dataSet)});
     f->actMoveOb->trigger();
 }
 
-// "$DATARUN" read back by owner: "ICC_1" lists its variables, "ICC_1/
-// DataSet_1" the members of that set; the VCC's are under "VCC".
-QMap<QString, QStringList> Outline(const QByteArray& text) {
-    QMap<QString, QStringList> out;
-    QString owner, set;
-    for (const QByteArray& line : text.split('\n')) {
-        const QString s = QString::fromUtf8(line).trimmed();
-        const QString name = s.section('"', 1, 1);
-        if (s.startsWith("<DcVCC") || s.startsWith("</DcLD"))
-            owner = "VCC";
-        else if (s.startsWith("<DcLD") || s.startsWith("</DcVCC"))
-            owner = s.startsWith("<DcLD") ? name : QString();
-        else if (s.startsWith("<DcDataSet"))
-            out[set = owner + "/" + name];
-        else if (s.startsWith("</DcDataSet"))
-            set.clear();
-        else if (s.startsWith("<ElemDS"))
-            out[set] << name;
-        else if (!owner.isEmpty() && (s.startsWith("<DcDA ") || s.startsWith("<DcDO ")) &&
-                 line.startsWith(QByteArray(owner == "VCC" ? 4 : 6, ' ') + "<"))
-            out[owner] << name;
-    }
-    return out;
+QStringList Keys(const StringList& list) {
+    QStringList keys;
+    for (int i = 0; i < list.Count; ++i)
+        keys << QString::fromStdString(list.Strings(i));
+    return keys;
+}
+
+// The members of a set, without the four standard ones that every set holds.
+QStringList Members(DcDataSet* set) {
+    QStringList keys = Keys(set->Elems);
+    return keys.mid(0, keys.size() - 4);
 }
 
 } // namespace
@@ -104,8 +80,10 @@ TEST_F(FormTest, MoveMembersOfADataSet) {
         // Cancel, then the place the members already have: nothing moves.
         QStringList seen;
         Move(f, set1, {key(0)}, 1, 1);
-        Answer(-1, 0, &seen);
-        f->actMoveOb->trigger();
+        {
+            DialogScript<Mode4MoveOb> script({Place(-1, 0, &seen)});
+            f->actMoveOb->trigger();
+        }
         EXPECT_EQ(seen, QStringList({"VCC", "ICC_1", "ICC_2", "NoDataSet", "DataSet_1", "DataSet_2",
                                      "DataSet_3"}));
         EXPECT_EQ(f->lWInfo_2->count(), 9);
@@ -120,14 +98,12 @@ TEST_F(FormTest, MoveMembersOfADataSet) {
         ICCdata.maxICC = 2;
         EXPECT_EQ(Var(ICC(1)->Vars, n[4].toStdString()), nullptr);
         EXPECT_EQ(f->lWInfo_2->count(), 8);
-        // Same owner: "NoDataSet" is the first set, the last entry is past
-        // the sets; the tags take the index, the old set keeps its members.
+        // Same owner: index 0 is "NoDataSet", the last one past the sets.
         Move(f, set1, {key(0), key(1)}, 1, 0);
         EXPECT_EQ(f->lWInfo_2->count(), 6);
         Move(f, set1, {key(3)}, 1, 3);
         Move(f, set1, {key(3)}, 1, 2);
-        // Another owner and set: the structure goes to the VCC, and its row
-        // takes the rows after it along.
+        // Another owner and set: the structure goes to the VCC with its row.
         Move(f, set1, {key(2)}, 0, 2);
         EXPECT_TRUE(f->lWInfo_2->findItems(key(2), Qt::MatchExactly).isEmpty());
         EXPECT_EQ(varRows(ICC(1)), QStringList({n[0], n[1]}));
@@ -138,8 +114,7 @@ TEST_F(FormTest, MoveMembersOfADataSet) {
         EXPECT_EQ(varRows(pVCC).last(), n[2]);
         EXPECT_EQ(Var(pVCC->Vars, n[2].toStdString())->ClassName(), "DcDO");
 
-        // The property tree moves a VCC variable made at load, which has no
-        // row: the VCC keeps it.
+        // The property tree moves a VCC variable made at load, which has no row: the VCC keeps it.
         p.tagReal->set("domain", 1);
         CpropNode node;
         node.value = "1";
@@ -148,19 +123,20 @@ TEST_F(FormTest, MoveMembersOfADataSet) {
         EXPECT_EQ(varRows(ICC(1)), QStringList(freq));
 
         // The reserve list's viewer, empty on this road, shows a set's XML.
-        QTimer::singleShot(50, [&] {
-            EXPECT_EQ(FReserveF->lW1->count(), 0);
+        DialogScript<ReserveF> viewer({[&](ReserveF* d) {
+            EXPECT_EQ(d->lW1->count(), 0);
             StringList list;
             list.AddObject("DataSet_3", DataSetOf(ICC(1)->DataSets, 3));
-            FReserveF->Init(&list);
-            FReserveF->onLW1Clicked(FReserveF->lW1->item(0));
+            d->Init(&list);
+            d->onLW1Clicked(d->lW1->item(0));
             EXPECT_EQ(
-                ChildTexts(*FReserveF->lW2->model()),
+                ChildTexts(*d->lW2->model()),
                 QStringList({"   <DcDataSet  name = \"DataSet_3\"  desc=\"\" > ",
                              "      <ElemDS name=\"" + key(3) + "\" /> ", "   </DcDataSet> "}));
-            FReserveF->reject();
-        });
+            d->reject();
+        }});
         f->actReservDS->trigger();
+        EXPECT_EQ(viewer.shows, 1);
         EXPECT_EQ(FReserveF->objectName(), "reservData");
     });
     EXPECT_EQ(boxes.count(), 0);
@@ -169,15 +145,14 @@ TEST_F(FormTest, MoveMembersOfADataSet) {
         EXPECT_EQ(t[i]->get("domain").toInt(), tags[i][0]) << i;
         EXPECT_EQ(t[i]->get("isinDataSet").toInt(), tags[i][1]) << i;
     }
-    const QMap<QString, QStringList> xml = Outline(Datarun(p.unit));
-    EXPECT_EQ(xml["ICC_1"], QStringList({n[1], n[3], freq}));
-    EXPECT_EQ(xml["ICC_1/DataSet_1"], QStringList({key(3), key(1), key(0)}));
-    EXPECT_EQ(xml["ICC_1/DataSet_3"], QStringList(key(3)));
-    EXPECT_EQ(xml["ICC_2"].mid(2), QStringList({n[0], n[3]}));
-    EXPECT_EQ(xml["ICC_2/DataSet_2"], QStringList("ICC_2/" + n[3]));
-    EXPECT_TRUE(xml["VCC"].contains(n[2]) && xml["VCC"].contains(freq));
-    // The VCC has one set: C joined it by its tag's number, then left it
-    // for a set that isn't there.
-    EXPECT_EQ(xml["VCC/DataSet_1"], QStringList());
-    EXPECT_FALSE(xml.contains("VCC/DataSet_2"));
+    // The model as the close left it (its text is the whole-road tests' part).
+    EXPECT_EQ(Keys(ICC(1)->Vars), QStringList({n[1], n[3], freq}));
+    EXPECT_EQ(Members(DataSetOf(ICC(1)->DataSets, 1)), QStringList({key(3), key(1), key(0)}));
+    EXPECT_EQ(Members(DataSetOf(ICC(1)->DataSets, 3)), QStringList(key(3)));
+    EXPECT_EQ(Keys(ICC(2)->Vars).mid(2), QStringList({n[0], n[3]}));
+    EXPECT_EQ(Members(DataSetOf(ICC(2)->DataSets, 2)), QStringList("ICC_2/" + n[3]));
+    EXPECT_TRUE(Keys(pVCC->Vars).contains(n[2]) && Keys(pVCC->Vars).contains(freq));
+    // C joined the VCC's one set by number, then left for a missing one.
+    EXPECT_EQ(Members(DataSetOf(pVCC->DataSets, 1)), QStringList());
+    EXPECT_EQ(pVCC->DataSets.Count, 1);
 }

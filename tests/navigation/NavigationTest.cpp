@@ -1,6 +1,4 @@
-// How the panes follow one another in the running form: the unit click and
-// the tag modes, the object pane by the class of the clicked row, the data
-// set lists, and the searches between the trees.
+// How the panes follow one another in the running form.
 #include "common/FormFixture.h"
 
 #include "form/CfgIecArven.h"
@@ -42,19 +40,16 @@ TEST_F(Navigation, ShowingTheUnitOpensItsTransmittedTagsAndModesSwitchTheFolder)
         EXPECT_EQ(f->pTagsModel->index(0, 0).data(Qt::UserRole).value<void*>(), p.tagPass);
         EXPECT_EQ(f->statusBar->currentMessage(),
                   "Для изменения полей maxICC и maxDS пользуйтесь основным конфигуратором");
-        EXPECT_EQ(f->tVProp->editTriggers(), QAbstractItemView::CurrentChanged);
 
         f->actModeRecv->trigger();
         EXPECT_EQ(f->pTagsModel->index(0, 0).data(Qt::UserRole).value<void*>(), p.subFolder);
-        // Any other action counts as the last mode; a unit without a folder
-        // of that mode keeps the root shown.
+        // Other actions count as the last mode; no folder keeps the root.
         p.host.remove(p.folder[3]);
         f->SetTagModeView(f->actUserTypes);
         EXPECT_EQ(f->pTagsModel->mode, 3);
         EXPECT_EQ(f->pTagsModel->rootNode(), p.folder[0]);
 
-        // An edited unit gets its new title, an edited current tag its row
-        // repainted.
+        // An edited unit gets its new title, an edited current tag its row repainted.
         QSignalSpy itemChanged(f->lW_ieds, SIGNAL(itemChanged(QListWidgetItem*)));
         p.unit->set("caption", QString("Сервер А"));
         f->OnExtUpd(p.unit);

@@ -7,91 +7,60 @@
 
 namespace {
 
-cfgParamValue Value(int type) {
+cfgParamValue Value(int type, double number = 0, const char* text = nullptr, int length = 0) {
     cfgParamValue v = {};
     v.type = type;
+    if (type == cptBool)
+        v.boolValue = uint8_t(number);
+    else if (type == cptInt)
+        v.intValue = int32_t(number);
+    else if (type == cptDouble)
+        v.doubleValue = number;
+    else if (type == cptText) {
+        v.text = const_cast<char*>(text);
+        v.length = length;
+    }
     return v;
 }
 
-cfgParamValue Text(const char* bytes, int length) {
-    cfgParamValue v = Value(cptText);
-    v.text = const_cast<char*>(bytes);
-    v.length = length;
-    return v;
-}
-
-// GetPropStrVal over a host that answers `v`.
-QString ThroughHost(const cfgParamValue& v) {
+// GetPropStrVal over a host that answers `v`, or fails its read.
+QString ThroughHost(const cfgParamValue& v, bool readOk = true) {
     ScriptedHost host;
     host.value = v;
-    pGlobcfgInterface = host.table();
-    QString text = GetPropStrVal(reinterpret_cast<void*>(1), "p");
-    pGlobcfgInterface = nullptr;
-    return text;
+    host.readOk = readOk;
+    return GetPropStrVal(reinterpret_cast<void*>(1), "p");
 }
 
 } // namespace
 
-TEST(Renderers, TypesOtherThanValues) {
-    for (int type : {0, 5, 77, -1}) {
-        const cfgParamValue v = Value(type);
-        EXPECT_EQ(GetParamValAsStr(v), type == cptUndef ? "Undef" : "") << type;
-        EXPECT_EQ(cfgParamValueToQString(v), "Unknow") << type;
-        EXPECT_EQ(ThroughHost(v), "Unknow Type") << type;
-    }
-}
-
-TEST(Renderers, BoolIntAndDouble) {
-    cfgParamValue b = Value(cptBool);
-    b.boolValue = 2; // any non-zero byte is true
-    EXPECT_EQ(GetParamValAsStr(b), "true");
-    EXPECT_EQ(cfgParamValueToQString(b), "true");
-    EXPECT_EQ(ThroughHost(b), "true");
-
-    cfgParamValue i = Value(cptInt);
-    i.intValue = -2147483647 - 1;
-    EXPECT_EQ(GetParamValAsStr(i), "-2147483648");
-    EXPECT_EQ(cfgParamValueToQString(i), "-2147483648");
-    EXPECT_EQ(ThroughHost(i), "-2147483648");
-
-    // Six significant digits in two of them, five in the third.
-    cfgParamValue d = Value(cptDouble);
-    d.doubleValue = 3.14159265;
-    EXPECT_EQ(GetParamValAsStr(d), "3.14159");
-    EXPECT_EQ(cfgParamValueToQString(d), "3.1416");
-    EXPECT_EQ(ThroughHost(d), "3.14159");
-    d.doubleValue = 1234567.0;
-    EXPECT_EQ(GetParamValAsStr(d), "1.23457e+06");
-    EXPECT_EQ(cfgParamValueToQString(d), "1.2346e+06");
-}
-
-TEST(Renderers, TextDecodingAndEnds) {
+TEST(Renderers, EachValueByTheThree) {
     const QByteArray utf8 = QString("Ток").toUtf8();
-    const cfgParamValue t = Text(utf8.constData(), utf8.size());
-    EXPECT_EQ(cfgParamValueToQString(t), "Ток");
-    EXPECT_EQ(ThroughHost(t), "Ток"); // local 8-bit is UTF-8 here
-    EXPECT_EQ(GetParamValAsStr(t), QString::fromLatin1(utf8));
-    EXPECT_NE(GetParamValAsStr(t), "Ток");
-
-    // Cut at the first zero; the length counts a trailing zero or not.
-    const char withZero[] = "ab\0cd";
-    EXPECT_EQ(GetParamValAsStr(Text(withZero, 5)), "ab");
-    EXPECT_EQ(ThroughHost(Text(withZero, 5)), "ab");
-    EXPECT_EQ(cfgParamValueToQString(Text("abc", 4)), "abc");
-    EXPECT_EQ(GetParamValAsStr(Text("abcdef", 3)), "abc");
-
-    // A null pointer renders empty.
-    EXPECT_EQ(GetParamValAsStr(Text(nullptr, 4)), "");
-    EXPECT_EQ(cfgParamValueToQString(Text(nullptr, 4)), "");
-    EXPECT_EQ(ThroughHost(Text(nullptr, 4)), "");
-}
-
-TEST(Renderers, FailedReadIsOneBlank) {
-    ScriptedHost host;
-    host.readOk = false;
-    host.value = Text("abc", 3);
-    pGlobcfgInterface = host.table();
-    EXPECT_EQ(GetPropStrVal(reinterpret_cast<void*>(1), "caption"), " ");
-    pGlobcfgInterface = nullptr;
+    // GetParamValAsStr, cfgParamValueToQString, GetPropStrVal; null: not asked.
+    const struct {
+        cfgParamValue v;
+        const char *asStr, *toQString, *host;
+    } rows[] = {
+        {Value(cptUndef), "Undef", "Unknow", "Unknow Type"},
+        {Value(5), "", "Unknow", "Unknow Type"},
+        {Value(cptBool, 2), "true", "true", "true"}, // any non-zero byte
+        {Value(cptInt, -2147483648.0), "-2147483648", "-2147483648", "-2147483648"},
+        {Value(cptDouble, 3.14159265), "3.14159", "3.1416", "3.14159"},
+        // Text: Latin-1 for the first; cut at the first zero or the length.
+        {Value(cptText, 0, utf8.constData(), utf8.size()), nullptr, "Ток", "Ток"},
+        {Value(cptText, 0, "ab\0cd", 5), "ab", "ab", "ab"},
+        {Value(cptText, 0, "abcdef", 3), "abc", "abc", "abc"},
+        {Value(cptText, 0, nullptr, 4), "", "", ""},
+    };
+    for (const auto& r : rows) {
+        SCOPED_TRACE(r.v.type);
+        if (r.asStr) {
+            EXPECT_EQ(GetParamValAsStr(r.v), QString::fromUtf8(r.asStr));
+        }
+        EXPECT_EQ(cfgParamValueToQString(r.v), QString::fromUtf8(r.toQString));
+        EXPECT_EQ(ThroughHost(r.v), QString::fromUtf8(r.host));
+    }
+    EXPECT_EQ(GetParamValAsStr(rows[5].v), QString::fromLatin1(utf8));
+    // A failed read, or no table, is one blank.
+    EXPECT_EQ(ThroughHost(Value(cptText, 0, "abc", 3), false), " ");
     EXPECT_EQ(GetPropStrVal(reinterpret_cast<void*>(1), "caption"), " ");
 }

@@ -1,35 +1,47 @@
-// A table of services that answers from a script, for values and failures
-// that a well-behaved host never gives: every read returns `value` (or
-// fails), every write is recorded.
+// A table of services whose reads all answer `value` (or fail) and whose
+// writes are recorded, for answers a well-behaved host never gives.
 #pragma once
 
-#include "plugin/cfgInterface.h"
-
-#include <QByteArray>
+#include "common/SmallProject.h"
 
 struct ScriptedHost {
-    ScriptedHost();
-    ~ScriptedHost();
-    ScriptedHost(const ScriptedHost&) = delete;
-    ScriptedHost& operator=(const ScriptedHost&) = delete;
+    ScriptedHost() {
+        current = this;
+        put(
+            slotObType, +[](void*) { return int(cotUnit); });
+        put(
+            slotPropIndex, +[](void*, const char*) { return current->index; });
+        put(
+            slotPropGet, +[](void*, const char*, cfgParamValue* v) {
+                *v = current->value;
+                return current->readOk;
+            });
+        put(
+            slotPropSet, +[](void*, const char* name, const cfgParamValue* v) {
+                return current->record(slotPropSet, -1, name, v);
+            });
+        put(
+            slotPropSetAt, +[](void*, int i, const cfgParamValue* v) {
+                return current->record(slotPropSetAt, i, nullptr, v);
+            });
+    }
+    template <typename F> void put(int slot, F f) { fns[slot] = reinterpret_cast<TCfgSlotFn>(f); }
+    bool record(int slot, int at, const char* name, const cfgParamValue* v) {
+        writeSlot = slot;
+        writeIndex = at;
+        writeName = name;
+        written = *v;
+        writtenBytes =
+            v->type == cptText && v->text ? QByteArray(v->text, v->length) : QByteArray();
+        return writeOk;
+    }
 
-    TCfgSlotFn* table() { return slots; }
-
-    // What reads answer.
-    int kind = cotUnit;
-    int index = 0; // cfgPropIndex of any name
-    bool readOk = true;
-    cfgParamValue value = {};
-    bool writeOk = true;
-
-    // What the last write carried.
-    int writeSlot = -1;
-    int writeIndex = -1;
-    QByteArray writeName;
-    cfgParamValue written = {};
-    QByteArray writtenBytes; // `length` bytes copied at the call
-    int reads = 0;
-
-    TCfgSlotFn slots[cfgSlotCount] = {};
-    static ScriptedHost* current;
+    int index = 0; // what cfgPropIndex answers for any name
+    bool readOk = true, writeOk = true;
+    cfgParamValue value = {}, written = {};
+    int writeSlot = -1, writeIndex = -1;
+    QByteArray writeName, writtenBytes;
+    TCfgSlotFn fns[cfgSlotCount] = {};
+    TableInUse use{fns};
+    inline static ScriptedHost* current = nullptr;
 };

@@ -1,22 +1,14 @@
 // The tag model over a host that fails its calls or answers with the wrong
 // objects: fall-back texts, empty rows, searches that end, no crash.
-#include "views/UnitTagsModel.h"
-
 #include "TagTree.h"
 
 #include <QTreeView>
-#include <gtest/gtest.h>
 
 namespace {
 
 class BadHost : public TagModelTest {
 protected:
-    // A search of every row for the object.
-    QModelIndexList find(void* ob) {
-        return model.match(model.index(0, 0), Qt::UserRole, QVariant::fromValue(ob), -1,
-                           Qt::MatchRecursive | Qt::MatchWrap);
-    }
-
+    QModelIndexList find(void* ob) { return FindRows(model, ob); }
     // Shows the model in a view, opens every row and paints it.
     void show() {
         QTreeView view;
@@ -60,8 +52,7 @@ TEST_F(BadHost, FailingReadsGiveFallbackTexts) {
 }
 
 TEST_F(BadHost, SearchEndsWhereParentsCantBePlaced) {
-    // Without child lists no parent can be placed: every row reports itself
-    // as top level, and a search must still descend each folder once.
+    // No parent can be placed: rows are top level, a search descends each folder once.
     p.host.failSlot(slotObChildList);
     const QModelIndex s1 = model.index(0, 0);
     const QModelIndex c1 = model.index(0, 0, model.index(0, 0, s1));
@@ -79,9 +70,7 @@ TEST_F(BadHost, SearchEndsWhereParentsCantBePlaced) {
 }
 
 TEST_F(BadHost, ChildrenOfTheWrongKindOrLoopingBack) {
-    // The base's first tag is a folder, s1's first folder is s1 itself, s2's
-    // first tag is the base, and every child list starts with a tag and
-    // holds a null.
+    // Children that are folders, s1 itself or the base; lists with a tag first and a null.
     PatchedHost patched;
     wrong = &tree;
     patched.patch(
@@ -92,12 +81,11 @@ TEST_F(BadHost, ChildrenOfTheWrongKindOrLoopingBack) {
                 return wrong->s1;
             if (ob == wrong->s2 && kind == cotSource && i == 0)
                 return wrong->base;
-            return PatchedHost::original<TcfgObChild>(slotObChild)(ob, kind, i);
+            return HostSlot<TcfgObChild>(slotObChild)(ob, kind, i);
         });
     patched.patch(
         slotObChildList, +[](void* ob, int kind, void** list, int capacity) {
-            const int stored =
-                PatchedHost::original<TcfgObChildList>(slotObChildList)(ob, kind, list, capacity);
+            const int stored = HostSlot<TcfgObChildList>(slotObChildList)(ob, kind, list, capacity);
             if (stored > 1)
                 list[1] = nullptr;
             if (stored > 0)
@@ -115,8 +103,7 @@ TEST_F(BadHost, ChildrenOfTheWrongKindOrLoopingBack) {
     // s1 isn't in its owner's folder list any more.
     EXPECT_FALSE(model.parent(model.index(1, 0, s1)).isValid());
 
-    // s2 stands in two rows and is searched once; b1 lay behind a row left
-    // out.
+    // s2 stands in two rows and is searched once; b1 lay behind a row left out.
     EXPECT_EQ(find(tree.a1).size(), 1);
     EXPECT_EQ(find(tree.s2).size(), 2);
     EXPECT_TRUE(find(tree.b1).isEmpty());
@@ -127,7 +114,7 @@ TEST_F(BadHost, CountsThatDontMatchTheLists) {
     PatchedHost patched;
     patched.patch(
         slotObChildCount, +[](void* ob, int kind) {
-            const int count = PatchedHost::original<TcfgObChildCount>(slotObChildCount)(ob, kind);
+            const int count = HostSlot<TcfgObChildCount>(slotObChildCount)(ob, kind);
             return kind == cotSource ? count + 5 : -count;
         });
     // Folders counted negative are none; five tags too many give no rows.

@@ -1,81 +1,68 @@
-// Tag trees for the tests of the tag models: a base folder with nested
-// folders and tags of one mode, and a copy of the stand-in host's table with
-// chosen slots replaced.
+// Tag trees for the tests of the tag models.
 #pragma once
 
 #include "common/SmallProject.h"
+#include "common/TestApp.h"
 #include "plugin/CfgIecArvenlib.h"
 #include "views/UnitTagsModel.h"
 
 #include <QModelIndex>
-#include <QString>
 #include <gtest/gtest.h>
 #include <ostream>
 
-// Under `unit`, for the mode:
-//   base "База"
-//     s1 "Ячейка 1"
-//       s11 "Отсек"
-//         c1
-//       a1, a2
-//     s2 "Ячейка 2"
-//       b1
-//     t1, t2, t3
-// Tags have their names as captions and are made in the order t1 t2 t3 a1 a2
-// b1 c1, after the unit's earlier tags.
+// Under `unit`, for the mode: base "База" holding s1 "Ячейка 1" (s11 "Отсек"
+// (c1), a1, a2), s2 "Ячейка 2" (b1), t1, t2, t3. Tags are captioned by their
+// names and made in the order t1 t2 t3 a1 a2 b1 c1.
 struct TagTree {
-    TagTree(HostProject& host, HostObject* unit, int mode);
-
-    HostObject* base;
-    HostObject* s1;
-    HostObject* s2;
-    HostObject* s11;
-    HostObject* t1;
-    HostObject* t2;
-    HostObject* t3;
-    HostObject* a1;
-    HostObject* a2;
-    HostObject* b1;
-    HostObject* c1;
+    TagTree(HostProject& host, HostObject* unit, int mode) {
+        auto make = [&](HostObject* parent, int kind, const char* caption) {
+            HostObject* ob = host.create(parent, kind, 0, kind < 8 ? "IecArven" : "IecOrmelcli");
+            ob->set("caption", QString(caption));
+            return ob;
+        };
+        base = make(unit, mode + 8, "База");
+        s1 = make(base, mode + 8, "Ячейка 1");
+        s2 = make(base, mode + 8, "Ячейка 2");
+        s11 = make(s1, mode + 8, "Отсек");
+        t1 = make(base, mode, "t1");
+        t2 = make(base, mode, "t2");
+        t3 = make(base, mode, "t3");
+        a1 = make(s1, mode, "a1");
+        a2 = make(s1, mode, "a2");
+        b1 = make(s2, mode, "b1");
+        c1 = make(s11, mode, "c1");
+    }
+    HostObject *base, *s1, *s2, *s11, *t1, *t2, *t3, *a1, *a2, *b1, *c1;
 };
 
-// A tag model of mode 0 over the base of a tag tree under the project's
-// second unit, with the stand-in's table in place.
+// A tag model of mode 0 over the base of a tag tree under the second unit.
 class TagModelTest : public ::testing::Test {
 protected:
-    void SetUp() override;
-    void TearDown() override;
-
+    void SetUp() override {
+        EnsureApp();
+        model.mode = 0;
+        model.setRootNode(tree.base);
+    }
     SmallProject p;
+    TableInUse table;
     TagTree tree{p.host, p.unit2, 0};
     UnitTagsModel model;
 };
 
-// The object of a model row.
 inline HostObject* RowObject(const QModelIndex& index) {
     return static_cast<HostObject*>(index.internalPointer());
 }
 
-// The stand-in host's table with some slots replaced; it is the plug-in's
-// table while the object lives. Replacements reach the stand-in's own slots
-// through original().
-class PatchedHost {
-public:
-    PatchedHost();
-    ~PatchedHost();
-    PatchedHost(const PatchedHost&) = delete;
-    PatchedHost& operator=(const PatchedHost&) = delete;
-
-    template <typename F> void patch(int slot, F f) {
-        m_table[slot] = reinterpret_cast<TCfgSlotFn>(f);
-    }
-    template <typename F> static F original(int slot) {
-        return reinterpret_cast<F>(HostProject::table()[slot]);
-    }
-
-private:
-    TCfgSlotFn m_table[cfgSlotCount];
+// The stand-in's table with some fns replaced, in use while the object lives.
+struct PatchedHost : PatchedTable {
+    TableInUse use{fns};
 };
+
+// Every row of the model that holds the object, by a search of all rows.
+inline QModelIndexList FindRows(const QAbstractItemModel& model, void* ob) {
+    return model.match(model.index(0, 0), Qt::UserRole, QVariant::fromValue(ob), -1,
+                       Qt::MatchRecursive | Qt::MatchWrap);
+}
 
 inline void PrintTo(const QString& text, std::ostream* os) {
     *os << '"' << text.toStdString() << '"';

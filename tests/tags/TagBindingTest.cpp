@@ -1,38 +1,18 @@
-// Binding keys, the tag record and its default name, the jumps between the
-// views, and the tag commands against a host that misbehaves.
-#include "TagsFixture.h"
+// Binding keys, the tag record, jumps between views, a misbehaving host.
+#include "common/FormFixture.h"
 
 #include "form/CfgIecArven.h"
-#include "model/ICCPTypes_Nat.h"
 #include "plugin/CfgIecArvenlib.h"
 #include "tags/TagBinding.h"
+#include "views/CpropNode.h"
 #include "views/SomeModelsIED.h"
 #include "views/UnitTagsModel.h"
 
 #include <QStatusBar>
 
-TEST_F(TagsTest, TagDataNamesANamelessTagOnce) {
-    HostObject* nameless = p.addTag(p.folder[0], cotSource, "", 0, 1, 2, "Без имени");
-    HostObject* badType = p.addTag(p.folder[0], cotSource, "", 9999, 0, 0, "");
-    OpenForm(p.unit, [&](CfgArvenSR*) {
-        const TagData data = GetTagData(nameless);
-        EXPECT_EQ(data.tag_name, "DiscQT");
-        EXPECT_EQ(data.domain, 1);
-        EXPECT_EQ(data.isinDataSet, 2);
-        EXPECT_EQ(data.caption, "Без имени");
-        EXPECT_EQ(GetTagData(badType).tag_name, "");
-        p.host.failParam("tag_name", HostProject::FailRead);
-        EXPECT_EQ(GetNamewNumberByTag(p.tagReal), "");
-        EXPECT_EQ(GetTagData(p.tagReal).tag_name, "");
-        p.host.clearFaults();
-        EXPECT_EQ(GetNamewNumberByTag(p.tagReal),
-                  "Freq_" + std::to_string(p.tagReal->get("number").toInt()));
-    });
-    EXPECT_EQ(nameless->get("tag_name").toByteArray(), "DiscQT");
-    EXPECT_EQ(badType->get("tag_name").toByteArray(), "");
-}
+using Tags = FormTest;
 
-TEST_F(TagsTest, BindKeysAndFindAcrossViews) {
+TEST_F(Tags, BindKeysAndFindAcrossViews) {
     HostObject* second = p.addTag(p.folder[0], cotSource, "Other", 4, 0, 0, "");
     const QByteArray stateKey = "ICC_1/Q1_" + p.tagState->get("number").toByteArray();
     p.tagReal->set("tag_id", QByteArray("Noname12"));
@@ -46,11 +26,6 @@ TEST_F(TagsTest, BindKeysAndFindAcrossViews) {
         rows << TagRow(form, p.tagState);
         EXPECT_EQ(form->CheckValid4NewICCP(rows), 0);
 
-        // The open filled the list; filled anew it gives the same.
-        form->pListTag->Clear();
-        int maxNoname = 3;
-        EXPECT_EQ(form->FillListBTag(p.unit, maxNoname), 4);
-        EXPECT_EQ(maxNoname, 12);
         form->pListTag->Clear();
 
         // A folder, then a structure, are refused; a DA binds once.
@@ -63,7 +38,7 @@ TEST_F(TagsTest, BindKeysAndFindAcrossViews) {
         form->tVTags->setCurrentIndex(TagRow(form, p.subFolder));
         form->OnBindTag();
         form->tVTags->setCurrentIndex(TagRow(form, p.tagReal));
-        form->tVIed->setCurrentIndex(VarRow(form, "ICC_1"));
+        form->tVIed->setCurrentIndex(NamedRow(form, "ICC_1"));
         form->OnBindTag();
         form->tVIed->setCurrentIndex(row);
         form->OnBindTag();
@@ -89,7 +64,7 @@ TEST_F(TagsTest, BindKeysAndFindAcrossViews) {
                                        "Предупреждение|В связях участвуют только объекты DA"}));
 }
 
-TEST_F(TagsTest, TagCommandsSurviveABadHost) {
+TEST_F(Tags, TagCommandsSurviveABadHost) {
     OpenForm(p.unit, [&](CfgArvenSR* form) {
         ShowTags(form, 0, p.folder[0]);
         p.host.mixChildLists(true);

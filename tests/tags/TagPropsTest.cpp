@@ -1,12 +1,12 @@
-// Edits of a tag's properties carried into the model, and the tag commands
-// that no menu reaches: a tag for the selected variable, deleting one tag in
-// the host only, and freeing a bound key.
-#include "TagsFixture.h"
+// Tag property edits carried into the model; the tag commands no menu reaches.
+#include "common/FormFixture.h"
+#include "common/ItemTexts.h"
 #include "common/ModelLookup.h"
 
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
 #include "plugin/CfgIecArvenlib.h"
+#include "tags/TagBinding.h"
 #include "views/CpropNode.h"
 #include "views/SomeModelsIED.h"
 #include "views/UnitTagsModel.h"
@@ -19,30 +19,21 @@ bool HasMember(DcDataSet* set, const std::string& key) {
 
 // The texts of the rows under the "Переменные" row of an ICC.
 QStringList VarRows(CfgArvenSR* form, DcLD* icc) {
-    IEDTreeModel* model = form->pTreeIedModel;
-    const QModelIndex iccRow = RowOf(*model, icc);
-    QStringList texts;
-    for (int r = 0; r < model->rowCount(iccRow); ++r) {
-        const QModelIndex folder = model->index(r, 0, iccRow);
-        if (folder.data().toString() != "Переменные")
-            continue;
-        for (int v = 0; v < model->rowCount(folder); ++v)
-            texts << model->index(v, 0, folder).data().toString();
-    }
-    return texts;
+    return ChildTexts(*form->pTreeIedModel, VarsFolderRow(form->pTreeIedModel, icc));
 }
 
 } // namespace
 
-TEST_F(TagsTest, PropertyEditsMoveAndRebuildTheVariable) {
+using Tags = FormTest;
+
+TEST_F(Tags, PropertyEditsMoveAndRebuildTheVariable) {
     const std::string name = "Q1_" + std::to_string(p.tagState->get("number").toInt());
     OpenForm(p.unit, [&](CfgArvenSR* form) {
         ASSERT_NE(Var(ICC(1)->Vars, name), nullptr);
         ASSERT_TRUE(HasMember(DataSetOf(ICC(1)->DataSets, 1), "ICC_1/" + name));
         const QString qname = QString::fromStdString(name);
 
-        // Another owner: the variable is made anew in ICC_2 and its data set
-        // of the tag's number, and leaves ICC_1 with its membership.
+        // Another owner: made anew in ICC_2 and its set, gone from ICC_1.
         EditProp(form, p.tagState, "domain", "2", "1");
         EXPECT_EQ(Var(ICC(1)->Vars, name), nullptr);
         EXPECT_FALSE(HasMember(DataSetOf(ICC(1)->DataSets, 1), "ICC_1/" + name));
@@ -56,8 +47,7 @@ TEST_F(TagsTest, PropertyEditsMoveAndRebuildTheVariable) {
         EXPECT_TRUE(HasMember(DataSetOf(ICC(2)->DataSets, 1), "ICC_2/" + name));
         EXPECT_TRUE(form->tVIed->isEnabled());
 
-        // Another data set of the same owner; the shown set's content
-        // follows.
+        // Another data set of the same owner; the shown set's content follows.
         for (int row = 0; row < form->lWInfo->count(); ++row)
             if (form->lWInfo->item(row)->text() == "ICC_2/DataSet_3")
                 form->lWInfo->setCurrentRow(row);
@@ -66,8 +56,7 @@ TEST_F(TagsTest, PropertyEditsMoveAndRebuildTheVariable) {
         EXPECT_TRUE(HasMember(DataSetOf(ICC(2)->DataSets, 3), "ICC_2/" + name));
         EXPECT_EQ(form->lWInfo_2->item(0)->text(), "ICC_2/" + qname);
 
-        // Another type: a structure of the same name in the same place, and
-        // the data set entry now points at it.
+        // Another type: a structure of that name, the set entry pointing at it.
         EditProp(form, p.tagState, "tag_type", "28", "19");
         DcICCPBase* rebuilt = Var(ICC(2)->Vars, name);
         ASSERT_NE(rebuilt, nullptr);
@@ -76,8 +65,7 @@ TEST_F(TagsTest, PropertyEditsMoveAndRebuildTheVariable) {
         EXPECT_EQ(members.Objects(members.IndexOf("ICC_2/" + name)), rebuilt);
         EXPECT_EQ(VarRows(form, ICC(2)).count(qname), 1);
 
-        // Equal values, texts that are no numbers, and an enumeration shown
-        // by its values but applied by its keys.
+        // Equal values, no numbers, and an enumeration applied by its keys.
         EditProp(form, p.tagState, "domain", "2", "2");
         EditProp(form, p.tagState, "isinDataSet", "x", "3");
         EXPECT_EQ(Var(ICC(2)->Vars, name), rebuilt);
@@ -95,29 +83,16 @@ TEST_F(TagsTest, PropertyEditsMoveAndRebuildTheVariable) {
     EXPECT_EQ(boxes.count(), 0);
 }
 
-TEST_F(TagsTest, EnumerationKeysAndValues) {
-    CpropNode node;
-    EXPECT_EQ(node.GetKeyByVal("Да"), "");
-    node.enumList << "0 = Нет"
-                  << "1=Да"
-                  << "broken";
-    EXPECT_EQ(node.GetKeyByVal("Да"), "1");
-    EXPECT_EQ(node.GetValByKey("0"), "Нет");
-    EXPECT_EQ(node.GetValByKey("7"), "7");
-}
-
-TEST_F(TagsTest, UnconnectedTagCommands) {
+TEST_F(Tags, UnconnectedTagCommands) {
     OpenForm(p.unit, [&](CfgArvenSR* form) {
         ShowTags(form, 0, p.folder[0]);
         IEDTreeModel* model = form->pTreeIedModel;
         // Variables of the VCC have no rows; one of an ICC is taken.
         const QString q1 = "Q1_" + QString::number(p.tagState->get("number").toInt());
 
-        // A tag for the selected variable, beside the current tag, keyed by
-        // the variable's full name; a second one for the same key is refused.
-        // The key list lives with the form, from one opening to the next.
+        // A tag for the selected variable, keyed by its full name, once only.
         form->pListTag->Clear();
-        form->tVIed->setCurrentIndex(VarRow(form, q1));
+        form->tVIed->setCurrentIndex(NamedRow(form, q1));
         form->tVTags->setCurrentIndex(TagRow(form, p.tagReal));
         const int before = p.folder[0]->children(cotSource).size();
         form->OnCreateTagInFld();
@@ -133,13 +108,17 @@ TEST_F(TagsTest, UnconnectedTagCommands) {
         form->OnCreateTagInFld();
         EXPECT_EQ(p.folder[0]->children(cotSource).size(), before + 1);
 
-        // Freeing the key empties it on the tag; a key not in the list is
-        // passed over.
+        // Freeing the key empties it on the tag; a key not in the list is passed over.
         made->set("tag_type", 4);
         form->FreeTag(("ICC_1/" + q1).toStdString());
         EXPECT_EQ(made->get("tag_id").toByteArray(), "");
         EXPECT_EQ(made->get("tag_type").toInt(), 0);
         form->FreeTag("ICC_9/None");
+        // The key went with it: the tag binds to the variable anew.
+        form->tVTags->setCurrentIndex(TagRow(form, made));
+        form->tVIed->setCurrentIndex(NamedRow(form, q1));
+        form->OnBindTag();
+        EXPECT_EQ(made->get("tag_id").toByteArray(), ("ICC_1/" + q1).toUtf8());
 
         // Deleting one tag asks first and leaves the model alone.
         form->tVTags->setCurrentIndex(TagRow(form, made));
@@ -150,7 +129,7 @@ TEST_F(TagsTest, UnconnectedTagCommands) {
         boxes.answerNext(QMessageBox::Ok);
         form->OnDelTag();
         EXPECT_EQ(p.folder[0]->children(cotSource).size(), before);
-        EXPECT_TRUE(VarRow(form, q1).isValid());
+        EXPECT_TRUE(NamedRow(form, q1).isValid());
     });
     const QString tagTitle = "Сообщение|Удаление тега: ";
     const QStringList texts = BoxTexts();

@@ -1,5 +1,4 @@
-// The member tree of one object in tVprop, its read-only form for the
-// add-variable dialog, and the line editors of both model views.
+// The member tree of an object in tVprop and its line editor.
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QStyleOptionViewItem>
@@ -17,8 +16,7 @@ const Qt::ItemFlags kEdit = kBase | Qt::ItemIsEditable | Qt::ItemIsUserCheckable
 
 class PropModelTest : public TemplTreeTest {
 protected:
-    // The object's node on top and its members below, as the value pane
-    // gets them; a bit string's bits as rows without an object.
+    // The object over its members, as the value pane gets them; bits as rows.
     void Show(DcICCPBase* object, StringList& members, int bitsOfFlags = 0) {
         myNode* root = new myNode(object->name, object);
         AddVarNodes(members, root, true);
@@ -47,7 +45,6 @@ TEST_F(PropModelTest, RowsValuesAndEditableCells) {
     EXPECT_EQ(ChildTexts(prop, QModelIndex()), (QStringList{"RealQ_1", "Bool_1", "Count_1"}));
     EXPECT_EQ(ChildTexts(prop, At({"RealQ_1", "Flags"})), (QStringList{"h0", "h1"}));
     EXPECT_EQ(prop.parent(At({"RealQ_1", "Flags", "h1"}, 1)), At({"RealQ_1", "Flags"}));
-    EXPECT_EQ(prop.headerData(1, Qt::Horizontal).toString(), "Значения");
 
     // The members' prototypes in the template hold the value 0.
     EXPECT_EQ(At({"RealQ_1", "Value"}, 1).data().toString(), "0.000000");
@@ -57,12 +54,10 @@ TEST_F(PropModelTest, RowsValuesAndEditableCells) {
     EXPECT_FALSE(At({"RealQ_1", "Flags", "h0"}).data(Qt::DecorationRole).isValid());
     EXPECT_FALSE(At({"RealQ_1", "Flags", "h0"}, 1).data().isValid());
 
-    // Names only of the ICC's own variables; values but of bit strings,
-    // whose bits are edited instead.
+    // Names of the ICC's own variables; values but of bit strings.
     const std::pair<QModelIndex, Qt::ItemFlags> cells[] = {
         {At({"RealQ_1"}), kEdit},
         {At({"RealQ_1"}, 1), kBase},
-        {At({"Count_1"}, 1), kEdit},
         {At({"RealQ_1", "Value"}), kBase},
         {At({"RealQ_1", "Value"}, 1), kEdit},
         {At({"RealQ_1", "Flags"}, 1), kBase},
@@ -87,7 +82,6 @@ TEST_F(PropModelTest, ValuesAreEditedInPlace) {
     EXPECT_EQ(At({"RealQ_1", "Value"}, 1).data().toString(), "12.500000");
     // The name column and other roles change nothing; structures refuse.
     EXPECT_TRUE(prop.setData(At({"Count_1"}), "43"));
-    EXPECT_TRUE(prop.setData(At({"Count_1"}, 1), "44", Qt::ToolTipRole));
     EXPECT_EQ(count->svalue, "42");
     EXPECT_FALSE(prop.setData(At({"RealQ_1"}, 1), "1"));
     EXPECT_FALSE(prop.setData(At({"RealQ_1"}, 1), 2, Qt::CheckStateRole));
@@ -111,23 +105,12 @@ TEST_F(PropModelTest, ValuesAreEditedInPlace) {
     EXPECT_EQ(flag->Value->Buf[0], 1);
     EXPECT_EQ(flag->svalue, "false");
     EXPECT_EQ(changed.count(), 3);
-
-    PropICCPModel empty;
-    EXPECT_EQ(empty.rowCount(), 0);
-    EXPECT_FALSE(empty.setData(QModelIndex(), "1"));
 }
 
 TEST_F(PropModelTest, TransferSetMembersAndTheirValues) {
     DcTransSet* ts = TransferSet();
     ASSERT_NE(ts, nullptr);
     Show(ts, ts->Members);
-    EXPECT_EQ(ChildTexts(prop, QModelIndex()),
-              (QStringList{"DataSetName", "StartTime", "Interval", "TLE", "BufferTime",
-                           "IntegrityCheck", "DSConditionsRequested", "BlockData", "Critical",
-                           "RBE", "Status", "EventCodeRequested"}));
-    EXPECT_EQ(ChildTexts(prop, At({"DataSetName"})), (QStringList{"Scope", "DomainName", "Name"}));
-    EXPECT_EQ(At({"StartTime"}).data(Qt::ToolTipRole).toString(),
-              "время начала  мониторинга состояния");
     EXPECT_EQ(At({"DSConditionsRequested"}, 1).data().toString().size(), 5);
     EXPECT_EQ(prop.flags(At({"DSConditionsRequested"}, 1)), kBase);
     EXPECT_EQ(prop.flags(At({"StartTime"}, 1)), kEdit);
@@ -139,27 +122,6 @@ TEST_F(PropModelTest, TransferSetMembersAndTheirValues) {
     EXPECT_TRUE(prop.setData(domain, QString(40, 'x')));
     EXPECT_EQ(domain.data().toString(), "ICC_1");
     EXPECT_EQ(static_cast<DcDA*>(ObjectOf(At({"DataSetName", "DomainName"})))->svalue, "ICC_1");
-}
-
-TEST_F(PropModelTest, StructureTypeWithTypeNamesIsReadOnly) {
-    Model4AddFrm types;
-    auto* type =
-        qobject_cast<DcDOType*>(pDcDTTP->FindType("Data_State_SupplementalQTimeTagExtended"));
-    ASSERT_NE(type, nullptr);
-    myNode* root = new myNode(type->type, type);
-    type->GetFullContDesc(root);
-    types.setRootNode(root);
-
-    EXPECT_EQ(ChildTexts(types, QModelIndex()), (QStringList{"Value", "TimeStamp", "Flags"}));
-    EXPECT_EQ(FindRow(types, {"TimeStamp", "Milliseconds"}, 1).data().toString(),
-              "TimeIntervalL16");
-    EXPECT_EQ(ObjectOf(FindRow(types, {"TimeStamp"})), ListOb(type->Members, 1));
-    EXPECT_FALSE(FindRow(types, {"Value"}, 1).data(Qt::UserRole).isValid());
-    for (int column : {0, 1}) {
-        EXPECT_EQ(types.flags(types.index(0, column)), kBase);
-        for (int role : {0, 2, 10})
-            EXPECT_FALSE(types.setData(types.index(0, column), "1", role));
-    }
 }
 
 TEST_F(PropModelTest, LineEditorsOfBothViews) {
@@ -178,8 +140,7 @@ TEST_F(PropModelTest, LineEditorsOfBothViews) {
     }
     count->Value->bType = kept;
     EXPECT_EQ(edited, (QList<int>{1, 2, 3, 4, 5, 6, 7, 8, 10, 11}));
-    for (const QModelIndex& cell : {At({"Bool_1"}, 1), At({"RealQ_1", "Flags"}, 1),
-                                    At({"RealQ_1"}, 1), At({"RealQ_1", "Flags", "h1"}, 1)})
+    for (const QModelIndex& cell : {At({"Bool_1"}, 1), At({"RealQ_1"}, 1)})
         EXPECT_EQ(std::unique_ptr<QWidget>(values.createEditor(&host, option, cell)), nullptr);
 
     std::unique_ptr<QWidget> editor(values.createEditor(&host, option, countValue));
@@ -191,27 +152,4 @@ TEST_F(PropModelTest, LineEditorsOfBothViews) {
     line->setText("17");
     values.setModelData(line, &prop, countValue);
     EXPECT_EQ(count->svalue, "17");
-
-    // Descriptions in the tree: column 1 of object rows.
-    PropDelegate4Desc descriptions;
-    count->desc = "Счётчик";
-    icc->desc = "ЦУ";
-    const QModelIndex countDesc = Row(kIccVars + QStringList{"Count_1"}, 1);
-    for (const QModelIndex& cell : {Row(kIccVars + QStringList{"Count_1"}), Row(kIccVars, 1)})
-        EXPECT_EQ(std::unique_ptr<QWidget>(descriptions.createEditor(&host, option, cell)),
-                  nullptr);
-    editor.reset(descriptions.createEditor(&host, option, countDesc));
-    line = qobject_cast<QLineEdit*>(editor.get());
-    ASSERT_NE(line, nullptr);
-    descriptions.setEditorData(line, countDesc);
-    EXPECT_EQ(line->text(), "Счётчик");
-    line->setText("Счётчик импульсов");
-    descriptions.setModelData(line, model, countDesc);
-    EXPECT_EQ(count->desc, "Счётчик импульсов");
-    // Only variables show their description in the editor.
-    editor.reset(descriptions.createEditor(&host, option, Row(kIcc, 1)));
-    line = qobject_cast<QLineEdit*>(editor.get());
-    ASSERT_NE(line, nullptr);
-    descriptions.setEditorData(line, Row(kIcc, 1));
-    EXPECT_EQ(line->text(), "");
 }

@@ -7,7 +7,6 @@
 #include "xml/ModelRoad.h"
 
 const QStringList kVccVars{"VCC_1", "Переменные"};
-const QStringList kVccSet{"VCC_1", "Наборы данных (DataSets)", "DataSet_1"};
 const QStringList kIcc{"VCC_1", "Inter Control Center's (ICC)", "ICC_1"};
 const QStringList kIccVars = kIcc + QStringList{"Переменные"};
 const QStringList kIccSet = kIcc + QStringList{"Наборы данных (DataSets)", "DataSet_1"};

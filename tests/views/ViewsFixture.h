@@ -1,6 +1,4 @@
-// The template model read as the form reads it, with variables added to
-// ICC_1 (a Data_RealQ RealQ_1, a BOOL Bool_1, an INT16 Count_1), its tree in
-// an IEDTreeModel.
+// The template with RealQ_1, Bool_1 and Count_1 added to ICC_1, in an IEDTreeModel.
 #pragma once
 
 #include <QModelIndex>
@@ -35,4 +33,4 @@ QModelIndex FindRow(const QAbstractItemModel& model, const QStringList& path, in
 // The same picture as the resource.
 bool SameImage(const QVariant& icon, const QString& resource);
 
-extern const QStringList kVccVars, kVccSet, kIcc, kIccVars, kIccSet;
+extern const QStringList kVccVars, kIcc, kIccVars, kIccSet;

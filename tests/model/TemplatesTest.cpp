@@ -1,20 +1,74 @@
-// The template set: reading, duplicates, order of the file, validation,
-// expansion, ordering and the writers.
-#include <tinyxml.h>
+// The base type tables and the class table; the template set: reading,
+// duplicates, validation, expansion and ordering.
+#include <cstring>
 #include <tuple>
 
-#include "ModelFixture.h"
-#include "support/MyBuf.h"
-#include "support/myNode.h"
+#include "common/ModelWorld.h"
 
-TEST(Templates, DuplicatesAreLoggedAndTheFirstKept) {
-    XmlText xml("<DcTemplate>"
-                "<DcDAType type=\"INT16\" value=\"1\"/>"
-                "<DcDOType type=\"Pair\"/>"
-                "<DcDAType type=\"INT16\" value=\"2\"/>"
-                "<DcDOType type=\"Pair\" defname=\"second\"/>"
-                "<Other/>"
-                "</DcTemplate>");
+TEST(BaseTypes, TablesAreSortedAndFollowAliasesToABaseRow) {
+    auto row = [](const char* name) { return FindDAType2(DATypes, 0, DATypesCount - 1, name); };
+    // Each row: alias, base type, the row of the sorted table (not the id)
+    // when it is checked; DATA_TIMESTAMP takes two steps, through GMTBASEDS.
+    const std::tuple<const char*, const char*, int> aliases[] = {
+        {"BITSTRING5", "BITSTRING5", 2}, {"DATA_STATE", "BITSTRING", -1}, {"DATA_TIMESTAMP", "INT32", -1}};
+    for (const auto& a : aliases) {
+        ASSERT_GE(row(std::get<0>(a)), 0) << std::get<0>(a);
+        EXPECT_STREQ(DATypes[row(std::get<0>(a))].name, std::get<1>(a));
+        EXPECT_TRUE(std::get<2>(a) < 0 || row(std::get<0>(a)) == std::get<2>(a)) << std::get<0>(a);
+    }
+    // Aliases are upper-cased once at start, so the mixed-case name fails.
+    for (const char* missing :
+         {"Data_Real", "NOSUCHTYPE", "", "A_NAME_LONGER_THAN_ANY_ROW_OF_THE_TABLES_AT_ALL"})
+        EXPECT_EQ(row(missing), -1) << missing;
+
+    for (int i = 0; i < DATypesCount; ++i) {
+        EXPECT_TRUE(i == 0 || strcmp(DATypes[i - 1].name, DATypes[i].name) < 0) << i;
+        EXPECT_EQ(FindDAType(DATypes, 0, DATypesCount - 1, DATypes[i].name), i);
+    }
+    for (int i = 0; i < SecTypesCount; ++i) {
+        EXPECT_TRUE(i == 0 || strcmp(SecTypesA[i - 1].alias, SecTypesA[i].alias) < 0) << i;
+        char target[32] = "";
+        EXPECT_EQ(FindSecond(SecTypesA[i].alias, target, 0, SecTypesCount - 1), i);
+        EXPECT_STREQ(target, SecTypesA[i].target);
+    }
+    // Names before, between and after the rows.
+    for (const char* missing : {"A", "BOOLEAN", "ZZZ"})
+        EXPECT_EQ(FindDAType(DATypes, 0, DATypesCount - 1, missing), -1) << missing;
+    char target[32] = "unchanged";
+    EXPECT_EQ(FindSecond("INT32", target, 0, SecTypesCount - 1), -1);
+    EXPECT_STREQ(target, "unchanged");
+    const std::pair<const char*, int> types[] = {{"BOOL", 1}, {"FLOAT32", 4}, {"bool", 0}};
+    for (const auto& t : types)
+        EXPECT_EQ(GetType(t.first), t.second) << t.first;
+}
+
+// Each object's ObType is the code the class table gives its class name.
+TEST(ClassTable, EveryClassHasItsNameAndCode) {
+    DcDAType daType;
+    DcDA da;
+    DcDOType doType;
+    DcDO dobject;
+    DcLD ld;
+    DcDTTP dttp;
+    DcVCC vcc;
+    ObICCP ob;
+    DcDataSet dataSet("DS", nullptr);
+    DcNextTransferSet next;
+    for (DcICCPBase* object : std::initializer_list<DcICCPBase*>{
+             &daType, &da, &doType, &dobject, &ld, &dttp, &vcc, &ob, &dataSet, &next}) {
+        const std::string name = object->ClassName().toStdString();
+        EXPECT_GT(object->ObType, 0) << name;
+        EXPECT_EQ(TabDcObCode(name.c_str()), object->ObType) << name;
+    }
+    EXPECT_EQ(TabDcObCode("DcTransSet"), 52);
+    EXPECT_EQ(TabDcObCode("DcICCPBase"), 0);
+    EXPECT_EQ(TabDcObCode("DcNothing"), -1);
+}
+
+TEST(Templates, ReaderKeepsTheFirstOfDuplicatesAndTheFirstTemplateSet) {
+    XmlText xml("<DcTemplate><DcDAType type=\"INT16\" value=\"1\"/><DcDOType type=\"Pair\"/>"
+                "<DcDAType type=\"INT16\" value=\"2\"/><DcDOType type=\"Pair\" defname=\"second\"/>"
+                "<Other/></DcTemplate>");
     DcDTTP dttp;
     LogRecorder log;
     log.Listen(&dttp);
@@ -26,42 +80,42 @@ TEST(Templates, DuplicatesAreLoggedAndTheFirstKept) {
     EXPECT_EQ(qobject_cast<DcDAType*>(dttp.FindType("INT16"))->value, "1");
     EXPECT_EQ(qobject_cast<DcDOType*>(dttp.FindType("Pair"))->defname, "");
     EXPECT_EQ(dttp.DecodeElement(xml.Root(), "Other"), 4);
-}
 
-TEST(Templates, ReaderFindsTheFirstTemplateAnywhere) {
-    XmlText xml("<a><b/><c><DcTemplate><DcDAType type=\"X\"/></DcTemplate></c>"
+    XmlText two("<a><b/><c><DcTemplate><DcDAType type=\"X\"/></DcTemplate></c>"
                 "<DcTemplate><DcDAType type=\"Y\"/></DcTemplate></a>");
-    DcDTTP* dttp = nullptr;
-    EXPECT_TRUE(FindAndRakeDTTPFromStr(xml.Document(), &dttp));
-    ASSERT_NE(dttp, nullptr);
-    EXPECT_EQ(dttp->Types.Strings(0), "X");
+    DcDTTP* found = nullptr;
+    EXPECT_TRUE(FindAndRakeDTTPFromStr(two.Document(), &found));
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(Texts(found->Types), "X");
     // A set already there is kept, and the element is skipped.
-    DcDTTP* before = dttp;
-    FindAndRakeDTTPFromStr(xml.Document(), &dttp);
-    EXPECT_EQ(dttp, before);
-    EXPECT_EQ(dttp->Types.Count, 1);
-    delete dttp;
-
+    DcDTTP* before = found;
+    FindAndRakeDTTPFromStr(two.Document(), &found);
+    EXPECT_EQ(found, before);
+    EXPECT_EQ(Texts(found->Types), "X");
+    delete found;
     XmlText none("<a><b/></a>");
-    dttp = nullptr;
-    EXPECT_TRUE(FindAndRakeDTTPFromStr(none.Document(), &dttp));
-    EXPECT_EQ(dttp, nullptr);
+    found = nullptr;
+    EXPECT_TRUE(FindAndRakeDTTPFromStr(none.Document(), &found));
+    EXPECT_EQ(found, nullptr);
+
+    // Without a template set no DcDA member is read.
+    XmlText alone("<DcDOType type=\"T\"><DcDA name=\"V\" type=\"INT16\"/></DcDOType>");
+    DcDOType type;
+    EXPECT_EQ(type.DecodeElement(alone.Root()->FirstChild(), "DcDA"), 3);
+    EXPECT_EQ(type.Members.Count, 0);
 }
 
-TEST_F(ModelTest, ValidVarStopsAtTheFirstInvalidStructure) {
-    const char* text = ("<DcTemplate>"
-                        "<DcDAType type=\"INT16\"/><DcDAType type=\"INT32\"/>"
+TEST_F(ModelWorldTest, ValidVarStopsAtTheFirstInvalidStructure) {
+    delete pDcDTTP;
+    ASSERT_NE(ReadTypes("<DcTemplate><DcDAType type=\"INT16\"/><DcDAType type=\"INT32\"/>"
                         "<DcDOType type=\"A\"><DcDA name=\"v\" type=\"INT16\"/></DcDOType>"
                         "<DcDOType type=\"B\"><DcDA name=\"w\" type=\"INT32\"/></DcDOType>"
                         "<DcDOType type=\"C\"><DcDA name=\"x\" type=\"INT16\"/>"
-                        "<DcDA name=\"y\" type=\"INT16\"/></DcDOType>"
-                        "</DcTemplate>");
-    delete pDcDTTP;
-    ASSERT_NE(ReadTypes(text), nullptr);
+                        "<DcDA name=\"y\" type=\"INT16\"/></DcDOType></DcTemplate>"),
+              nullptr);
     EXPECT_TRUE(pDcDTTP->ValidVar());
-
     // Take INT16 out of the set: A and C lose their basic type.
-    int i = pDcDTTP->Types.IndexOf("INT16");
+    const int i = pDcDTTP->Types.IndexOf("INT16");
     DcICCPBase* int16 = ListOb(pDcDTTP->Types, i);
     pDcDTTP->Types.Delete(i);
     auto* a = qobject_cast<DcDOType*>(pDcDTTP->FindType("A"));
@@ -73,26 +127,17 @@ TEST_F(ModelTest, ValidVarStopsAtTheFirstInvalidStructure) {
     EXPECT_EQ(log.texts, QStringList({"error: DOType A(include DA )is absent in List"}));
     EXPECT_EQ(a->Valid, 0);
     EXPECT_EQ(c->Valid, 1);
-
     // C on its own reports every member.
     log.texts.clear();
     EXPECT_FALSE(c->GetValid());
     EXPECT_EQ(log.texts, QStringList({"error: DOType C(include DA )is absent in List",
                                       "error: DOType C(include DA )is absent in List"}));
     delete int16;
-
     DcDTTP empty;
     EXPECT_TRUE(empty.ValidVar());
 }
 
-TEST(Templates, WithoutATemplateSetNoDcDAMemberIsRead) {
-    XmlText alone("<DcDOType type=\"T\"><DcDA name=\"V\" type=\"INT16\"/></DcDOType>");
-    DcDOType type;
-    EXPECT_EQ(type.DecodeElement(alone.Root()->FirstChild(), "DcDA"), 3);
-    EXPECT_EQ(type.Members.Count, 0);
-}
-
-TEST_F(ModelTest, StructuredTemplateReportsAnInvalidStructureMember) {
+TEST_F(ModelWorldTest, StructuredTemplateReportsAnInvalidStructureMember) {
     XmlText xml("<DcDOType type=\"Outer\">"
                 "<DcDO name=\"S\" type=\"Data_RealQ\"><DcDA name=\"x\" type=\"Nope\"/></DcDO>"
                 "</DcDOType>");
@@ -118,8 +163,7 @@ TEST_F(ModelTest, StructuredTemplateReportsAnInvalidStructureMember) {
     pDcDTTP = kept;
 }
 
-TEST_F(ModelTest, GetFullContDescEndsAtAStructureOfAnUnknownType) {
-    // A structure of an unknown type ends the expansion at that member.
+TEST_F(ModelWorldTest, ExpansionEndsAtAnUnknownOrSelfContainingStructure) {
     XmlText xml("<DcDOType type=\"T\"><DcDA name=\"a\" type=\"INT16\"/>"
                 "<DcDO name=\"s\" type=\"Unknown\"/><DcDA name=\"b\" type=\"INT16\"/>"
                 "</DcDOType>");
@@ -131,22 +175,18 @@ TEST_F(ModelTest, GetFullContDescEndsAtAStructureOfAnUnknownType) {
     EXPECT_EQ(ChildNames(&other), "a,s");
     if (other.FirstChild)
         other.FirstChild->DeleteSubTree();
-}
 
-TEST_F(ModelTest, SelfContainingStructureEndsExpansionAndBirth) {
-    XmlText xml("<DcDOType type=\"Loop\"><DcDA name=\"a\" type=\"INT16\"/>"
-                "<DcDO name=\"again\" type=\"Loop\"/></DcDOType>");
+    XmlText loopText("<DcDOType type=\"Loop\"><DcDA name=\"a\" type=\"INT16\"/>"
+                     "<DcDO name=\"again\" type=\"Loop\"/></DcDOType>");
     DcDOType* loop = new DcDOType(pDcDTTP);
-    loop->DecodeXML(xml.Root());
+    loop->DecodeXML(loopText.Root());
     pDcDTTP->Types.AddObject(loop->type, loop, true);
     pDcDTTP->TypeList.append(loop);
-
     myNode root("root");
     loop->GetFullContDesc(&root);
     EXPECT_EQ(ChildNames(&root), "a,again");
     EXPECT_EQ(ChildNames(root.FirstChild->Next), "");
     root.FirstChild->DeleteSubTree();
-
     DcDO structure("S", loop, nullptr);
     ASSERT_EQ(structure.Members.Count, 2);
     DcDO* again = qobject_cast<DcDO*>(ListOb(structure.Members, 1));
@@ -154,7 +194,7 @@ TEST_F(ModelTest, SelfContainingStructureEndsExpansionAndBirth) {
     EXPECT_EQ(again->Members.Count, 0);
 }
 
-TEST_F(ModelTest, LessThenAndSortByIdtype) {
+TEST_F(ModelWorldTest, LessThenAndSortByIdtype) {
     DcDAType low;
     low.idtype = 3;
     DcDOType structured;
@@ -168,7 +208,6 @@ TEST_F(ModelTest, LessThenAndSortByIdtype) {
                                                                 {&low, &other, true}};
     for (const auto& p : pairs)
         EXPECT_EQ(lessThen(std::get<0>(p), std::get<1>(p)), std::get<2>(p));
-
     pDcDTTP->sortByidtype();
     QStringList order;
     for (DcICCPBase* templ : pDcDTTP->TypeList)
@@ -176,20 +215,4 @@ TEST_F(ModelTest, LessThenAndSortByIdtype) {
     EXPECT_EQ(order.join(","), "1,2,10,11,12,13,14,15,16,17,18,19,20,21");
     // The StringList keeps the order of reading.
     EXPECT_EQ(pDcDTTP->Types.Strings(0), "INT16");
-}
-
-TEST(TemplateWriters, BasicTypeIgnoresTheIndentAndWritesItsTableOnly) {
-    DcDAType type;
-    type.idtype = 6;
-    type.type = "S";
-    type.size = 32;
-    type.unused = 0;
-    type.desc = "a \"quoted\" & text";
-    type.enums = true;
-    type.senum = "x,y";
-    const QString expected =
-        "<DcDAType idtype=\"6\" type = \"S\"  defname = \"\" size = \"32\" unused = \"0\" "
-        "desc = \"a \"quoted\" & text\"  enums = \"true\" value = \"\"  />\r\n";
-    EXPECT_EQ(type.ToXML(0), expected);
-    EXPECT_EQ(type.ToXML(7), expected);
 }

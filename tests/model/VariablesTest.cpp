@@ -1,42 +1,41 @@
-// Variables: construction, full names, paths, birth from templates,
-// validation, destruction, reading and writing.
-#include <QMetaObject>
-#include <tinyxml.h>
+// Variables: the template's value, full names, paths, birth from templates,
+// validation, destruction, attributes and run-time references.
 #include <tuple>
-#include <vector>
 
-#include "ModelFixture.h"
-#include "support/MyBuf.h"
+#include "common/ModelWorld.h"
 
-TEST_F(ModelTest, ConstructorsTakeTheTemplate) {
-    DcDA withValue("A", GetDcDAType("INT16"), nullptr);
-    EXPECT_EQ(withValue.svalue, "0");
-    EXPECT_EQ(withValue.ByteCount, 1);
-
+TEST_F(ModelWorldTest, VariablesTakeTheTemplateAndAnswerByFullName) {
+    // Each row: type, value text, byte count.
+    const std::tuple<const char*, const char*, int> rows[] = {{"INT16", "0", 1},
+                                                              {"Data_TimeStamp", "", 0}};
+    for (const auto& r : rows) {
+        DcDA da("A", GetDcDAType(std::get<0>(r)), nullptr);
+        EXPECT_EQ(ValueOf(&da), std::get<1>(r)) << std::get<0>(r);
+        EXPECT_EQ(da.ByteCount, std::get<2>(r)) << std::get<0>(r);
+    }
     DcDA noValue("T", GetDcDAType("Data_TimeStamp"), nullptr);
     EXPECT_EQ(noValue.Value->Buf, nullptr);
-    EXPECT_EQ(noValue.ByteCount, 0);
-
     DcDA bits("B", GetDcDAType("BitString12"), nullptr);
     EXPECT_TRUE(bits.IsBitStr());
     EXPECT_EQ(ValueOf(&bits), "110000000000");
     EXPECT_EQ(bits.Value->Names, "a,b");
     bits.BitNames = "x,y,z";
     EXPECT_EQ(bits.GetEnumList(), QStringList({"x", "y", "z"}));
-}
 
-TEST_F(ModelTest, FullNamesUseSlashAndDollar) {
     MakeModel();
     DcDO* outer = AddDO(icc->Vars, icc, "Var", "Data_RealQTimeTag");
     DcDO* q = qobject_cast<DcDO*>(ListOb(outer->Members, 0));
     ASSERT_NE(q, nullptr);
     EXPECT_EQ(ListOb(q->Members, 0)->GetFullName(), "ICC_1/Var$Q$Value");
     EXPECT_EQ(outer->GetFullName2(), "VCC_1|ICC_1/Var");
-    DcDO* vccStruct = AddDO(vcc->Vars, vcc, "S");
-    EXPECT_EQ(ListOb(vccStruct->Members, 1)->GetFullName(), "S$Flags");
+    EXPECT_EQ(ListOb(AddDO(vcc->Vars, vcc, "S")->Members, 1)->GetFullName(), "S$Flags");
+    EXPECT_EQ(ListOb(q->Members, 0)->IsHostObType("DcDA"), ListOb(q->Members, 0));
+    EXPECT_EQ(ListOb(q->Members, 0)->IsHostObType("DcDO"), q);
+    EXPECT_EQ(ListOb(q->Members, 0)->IsHostObType("DcVCC"), vcc);
+    EXPECT_EQ(ListOb(q->Members, 0)->IsHostObType("DcDataSet"), nullptr);
 }
 
-TEST_F(ModelTest, GetVarAndPutVarFollowPaths) {
+TEST_F(ModelWorldTest, GetVarAndPutVarFollowPaths) {
     MakeModel();
     DcDO* r = AddDO(icc->Vars, icc, "R", "Data_RealQTimeTag");
     std::string out = "unchanged";
@@ -49,18 +48,15 @@ TEST_F(ModelTest, GetVarAndPutVarFollowPaths) {
         EXPECT_EQ(out, "unchanged");
         EXPECT_EQ(r->PutVar(bad, "1"), -1) << bad;
     }
-
     EXPECT_EQ(icc->PutVar("R$Q$Flags", "10000001"), 0);
-    EXPECT_EQ(r->GetVar("Q$Flags", out), 0);
-    EXPECT_EQ(out, "10000001");
+    EXPECT_EQ(Var(r, "Q$Flags"), "10000001");
     EXPECT_EQ(icc->GetVar("Missing", out), -1);
-
     EXPECT_TRUE(r->IsValidFName("Q$Value"));
     for (const char* bad : {"Q$Nope", "TimeStamp$X", "Nope$Value"})
         EXPECT_FALSE(r->IsValidFName(bad)) << bad;
 }
 
-TEST_F(ModelTest, FindDOwZeroGivesEmptyStructuresTheirMembers) {
+TEST_F(ModelWorldTest, FindDOwZeroGivesEmptyStructuresTheirMembers) {
     MakeModel();
     XmlText xml("<DcDO name=\"R\" type=\"Data_RealQTimeTag\"/>");
     DcDO* r = new DcDO(vcc);
@@ -96,22 +92,20 @@ TEST_F(ModelTest, FindDOwZeroGivesEmptyStructuresTheirMembers) {
     EXPECT_EQ(r->Members.Count, 2);
 }
 
-TEST_F(ModelTest, CreateDcDAFindsOrMakesAMember) {
+TEST_F(ModelWorldTest, CreateDcDAFindsOrMakesAMember) {
     DcDO structure;
-    EXPECT_EQ(structure.CreateDcDA("INT16", "A", "5"), 0);
-    EXPECT_EQ(structure.CreateDcDA("INT16", "B", "6"), 1);
-    std::string out;
-    EXPECT_EQ(structure.CreateDcDA("INT16", "A", "9"), 0);
-    EXPECT_EQ(structure.Members.Count, 2);
-    structure.GetVar("A", out);
-    EXPECT_EQ(out, "9");
-    EXPECT_EQ(structure.CreateDcDA("Nope", "C", "1"), -1);
-    EXPECT_EQ(structure.CreateDcDA("Data_RealQ", "C", "1"), -1);
-    EXPECT_EQ(structure.Members.Count, 2);
-    // An empty text leaves a string at its default.
-    EXPECT_EQ(structure.CreateDcDA("VISIBLE_STRING32", "S", ""), 2);
-    structure.GetVar("S", out);
-    EXPECT_EQ(out, "Str");
+    // Each row: type, name, value, the index returned.
+    const std::tuple<const char*, const char*, const char*, int> rows[] = {
+        {"INT16", "A", "5", 0},   {"INT16", "B", "6", 1},      {"INT16", "A", "9", 0},
+        {"Nope", "C", "1", -1},   {"Data_RealQ", "C", "1", -1},
+        {"VISIBLE_STRING32", "S", "", 2}}; // an empty text leaves the default
+    for (const auto& r : rows)
+        EXPECT_EQ(structure.CreateDcDA(std::get<0>(r), std::get<1>(r), std::get<2>(r)),
+                  std::get<3>(r))
+            << std::get<1>(r);
+    EXPECT_EQ(structure.Members.Count, 3);
+    EXPECT_EQ(Var(&structure, "A"), "9");
+    EXPECT_EQ(Var(&structure, "S"), "Str");
 
     StringList other;
     other.AddObject("x", nullptr, true);
@@ -122,25 +116,22 @@ TEST_F(ModelTest, CreateDcDAFindsOrMakesAMember) {
     EXPECT_EQ(ValueOf(made), "3");
     EXPECT_EQ(structure.CreateDcDA("INT16", "A", "3", nullptr), -1);
     delete made;
-
     EXPECT_EQ(structure.CreateDcDO("Data_RealQ", "Q"), 3);
     EXPECT_EQ(qobject_cast<DcDO*>(ListOb(structure.Members, 3))->Members.Count, 2);
     EXPECT_EQ(structure.CreateDcDO("INT16", "Bad"), -1);
 }
 
-TEST_F(ModelTest, GetValidReportsMembersWithoutTemplates) {
+TEST_F(ModelWorldTest, GetValidReportsMembersWithoutTemplates) {
     MakeModel();
     DcDO* structure = AddDO(vcc->Vars, vcc, "S", "Data_RealQTimeTag");
     LogRecorder log;
     log.Listen(structure);
     EXPECT_TRUE(structure->GetValid());
-
     AddRaw<DcDA>(structure->Members, structure, "Stray", "Nope");
     DcDO* q = qobject_cast<DcDO*>(ListOb(structure->Members, 0));
     AddRaw<DcDA>(q->Members, q, "Inner", "Nope");
     AddRaw<DcDO>(structure->Members, structure, "U", "Unknown");
     q->Template = nullptr;
-
     EXPECT_FALSE(structure->GetValid());
     EXPECT_EQ(log.texts,
               QStringList({"error: DO implementation Data_RealQ(include DO )is absent in List",
@@ -149,7 +140,7 @@ TEST_F(ModelTest, GetValidReportsMembersWithoutTemplates) {
     EXPECT_EQ(q->Template, pDcDTTP->FindType("Data_RealQ"));
 }
 
-TEST_F(ModelTest, DestroyingVariablesWithAndWithoutNeedemit) {
+TEST_F(ModelWorldTest, DestroyingVariablesWithAndWithoutNeedemit) {
     MakeModel();
     std::vector<std::tuple<void*, std::string, void*>> removed;
     QObject::connect(vcc, &DcVCC::RemoveObFromDS,
@@ -158,10 +149,8 @@ TEST_F(ModelTest, DestroyingVariablesWithAndWithoutNeedemit) {
                      });
     // The form connects by the signal's text.
     EXPECT_GE(vcc->metaObject()->indexOfSignal("RemoveObFromDS(void*,std::string,void*)"), 0);
-
     // Without needemit the owner's list is left alone.
-    DcDO* quiet = AddDO(icc->Vars, icc, "Quiet");
-    delete quiet;
+    delete AddDO(icc->Vars, icc, "Quiet");
     EXPECT_EQ(icc->Vars.Count, 1);
     icc->Vars.Delete(0);
     EXPECT_TRUE(removed.empty());
@@ -171,7 +160,6 @@ TEST_F(ModelTest, DestroyingVariablesWithAndWithoutNeedemit) {
     delete AddDA(icc->Vars, icc, "B");
     EXPECT_EQ(Texts(icc->Vars), "A");
     EXPECT_TRUE(removed.empty());
-
     void* tag = reinterpret_cast<void*>(0x1234);
     DcDO* s = AddDO(icc->Vars, icc, "S");
     s->BoundTag = tag;
@@ -191,14 +179,13 @@ TEST_F(ModelTest, DestroyingVariablesWithAndWithoutNeedemit) {
 
     // A duplicate name: the entry of the deleted object goes, the other stays.
     DcDA* first = AddDA(vcc->Vars, vcc, "Twin");
-    DcDA* second = AddDA(vcc->Vars, vcc, "Twin");
-    delete second;
+    delete AddDA(vcc->Vars, vcc, "Twin");
     ASSERT_EQ(vcc->Vars.IndexOf("Twin"), 0);
     EXPECT_EQ(vcc->Vars.Objects(0), first);
     needemit = false;
 }
 
-TEST_F(ModelTest, AttributesOfADcDA) {
+TEST_F(ModelWorldTest, AttributesOfADcDA) {
     MakeModel();
     XmlText attrs("<DcDA name = \"A\" svalue = \"5\" ByteCount=\"4\"/>");
     DcDA a(vcc);
@@ -226,43 +213,21 @@ TEST_F(ModelTest, AttributesOfADcDA) {
     EXPECT_EQ(log.texts, QStringList({"error: Problem with DcDAType"}));
     EXPECT_TRUE(da.SetAttFromStr("type", "INT32"));
     EXPECT_EQ(da.Template, GetDcDAType("INT32"));
-
     DcDO dobject;
     EXPECT_FALSE(dobject.SetAttFromStr("refDSRT", "1"));
+
+    // The writer takes svalue from the value and puts desc in unescaped.
+    DcDA* m = AddDA(vcc->Vars, vcc, "M");
+    m->desc = "a \"q\" & <t>";
+    m->Value->SetFromstring("-1");
+    EXPECT_TRUE(m->ToXML(0).contains("desc = \"a \"q\" & <t>\" svalue = \"65535\""));
+    EXPECT_EQ(m->svalue, "65535");
 }
 
-TEST_F(ModelTest, VariableWritersByteForByte) {
-    MakeModel();
-    DcDA* da = AddDA(icc->Vars, icc, "Var_1");
-    da->desc = "a \"quoted\" & <text>";
-    da->Value->SetFromstring("-1");
-    da->refDSRT = "ICC_1/DS_1,0;";
-    da->refDS = "ICC_1/DS_1;";
-    da->ByteCount = 2;
-    da->flagAbility = 3;
-    EXPECT_EQ(da->ToXML(4),
-              "    <DcDA  name = \"Var_1\" type = \"INT16\" desc = \"a \"quoted\" & <text>\" "
-              "svalue = \"65535\" refDSRT = \"ICC_1/DS_1,0;\" ByteCount=\"2\"  unused=\"0\" "
-              "refDS = \"ICC_1/DS_1;\"  flagAbility = \"3\" /> \r\n");
-    EXPECT_EQ(da->svalue, "65535");
-
-    // Without bytes in the value the text stays as it is.
-    DcDA bare(icc);
-    bare.name = "B";
-    bare.svalue = "kept";
-    bare.unused = -2;
-    EXPECT_EQ(bare.ToXML(0), "<DcDA  name = \"B\" type = \"\" desc = \"\" svalue = \"kept\" "
-                             "refDSRT = \"\" ByteCount=\"0\"  unused=\"-2\" refDS = \"\"  "
-                             "flagAbility = \"0\" /> \r\n");
-
-    EXPECT_EQ(da->ToCSV(3), ";;;Var_1;INT16;ICC_1;a \"quoted\" & <text>\r\n");
-}
-
-TEST_F(ModelTest, SetbTypeListTypesEveryLeaf) {
+TEST_F(ModelWorldTest, SetbTypeListTypesEveryLeaf) {
     MakeModel();
     DcDA* a = AddDA(vcc->Vars, vcc, "A", "INT32");
-    DcDO* s = AddDO(vcc->Vars, vcc, "S");
-    DcDA* value = qobject_cast<DcDA*>(ListOb(s->Members, 0));
+    DcDA* value = qobject_cast<DcDA*>(ListOb(AddDO(vcc->Vars, vcc, "S")->Members, 0));
     a->Value->bType = -1;
     value->Value->bType = -1;
     SetbTypeList(&vcc->Vars);
@@ -271,15 +236,12 @@ TEST_F(ModelTest, SetbTypeListTypesEveryLeaf) {
     SetbTypeList(nullptr);
 }
 
-TEST_F(ModelTest, RunTimeReferencesSetTheBitsOfDataSets) {
+TEST_F(ModelWorldTest, RunTimeReferencesSetTheBitsOfDataSets) {
     MakeModel();
-    DcDataSet* vccSet = new DcDataSet("DS", vcc);
-    vcc->DataSets.AddObject("DS", vccSet, true);
-    DcDataSet* iccSet = new DcDataSet("DS2", icc);
-    icc->DataSets.AddObject("DS2", iccSet, true);
+    DcDataSet* vccSet = AddDataSet(vcc->DataSets, vcc, "DS");
+    DcDataSet* iccSet = AddDataSet(icc->DataSets, icc, "DS2");
     vccSet->RtBits = new qolBitSet(8);
     iccSet->RtBits = new qolBitSet(8);
-
     DcDA da(vcc);
     da.ParseRefRT("");
     da.ParseRefRT("DS,2;ICC_1/DS2,1;Nope,3;ICC_9/DS2,5;ICC_1/Nope,6;");
@@ -288,7 +250,6 @@ TEST_F(ModelTest, RunTimeReferencesSetTheBitsOfDataSets) {
     // The walk ends at an empty entry.
     da.ParseRefRT(";DS,5;");
     EXPECT_EQ(vccSet->RtBits->BufToStr(), "00100000");
-
     da.refDSRT = "DS,3;ICC_1/DS2,4;ICC_1/DS2;";
     SetBitDatSet(&da);
     EXPECT_EQ(iccSet->RtBits->BufToStr(), "01001000");

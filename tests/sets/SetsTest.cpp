@@ -1,13 +1,27 @@
-#include "SetsFixture.h"
-#include "support/MyBuf.h"
+// Data sets, transfer sets and the Next transfer set in a VCC with one ICC.
+#include <array>
 
-using TransSetTest = SetsTest;
+#include "common/ModelWorld.h"
 
 namespace {
 
+const std::string kStd =
+    "DSConditions_Detected,Event_Code_Detected,Transfer_Set_Time_Stamp,Transfer_Set_Name";
 const std::string kMembers = "DataSetName,StartTime,Interval,TLE,BufferTime,IntegrityCheck,"
                              "DSConditionsRequested,BlockData,Critical,RBE,Status,"
                              "EventCodeRequested";
+
+class SetsTest : public ModelWorldTest {
+protected:
+    void SetUp() override {
+        ModelWorldTest::SetUp();
+        MakeModel();
+    }
+};
+
+void* Entry(DcDataSet* set, int i) {
+    return set->Elems.Objects(i);
+}
 
 DcDA* Leaf(DcDO* object, const char* name) {
     return static_cast<DcDA*>(object->Members.Objects(object->Members.IndexOf(name)));
@@ -28,7 +42,131 @@ void SetParts(DcTransSet* set, const char* scope, const char* domain, const char
 
 } // namespace
 
-TEST_F(TransSetTest, ConstructorsMakeTheMembersOrOnlyDataSetName) {
+TEST_F(SetsTest, NewDataSetHoldsTheStandardFieldsAndTakesItsScopeFromTheOwner) {
+    AddDA(vcc->Vars, vcc, "Transfer_Set_Name");
+    DcDataSet* set = AddDataSet(vcc->DataSets, vcc, "DataSet_1");
+    EXPECT_EQ(vcc->Vars.Count, 0);
+    EXPECT_EQ(Texts(set->Elems), kStd);
+    EXPECT_EQ(set->SelfList.Objects(3), Entry(set, 3));
+    EXPECT_EQ(Texts(static_cast<DcDO*>(Entry(set, 3))->Members), "Scope,DomainName,Name");
+
+    DcDataSet* inIcc = AddDataSet(icc->DataSets, icc, "DS_1");
+    EXPECT_EQ(inIcc->Scope, 1);
+    EXPECT_EQ(inIcc->GetRefNameDS().toStdString(), "ICC_1/DS_1;");
+    EXPECT_TRUE(inIcc->SetAttFromStr("name", "DS_9"));
+    EXPECT_EQ(inIcc->FullName, "ICC_1/DS_9");
+    EXPECT_FALSE(inIcc->SetAttFromStr("Scope", "0"));
+    // An ICC's set made with the VCC as parent knows no ICC; one without a
+    // parent has no fields at all.
+    EXPECT_EQ(AddDataSet(icc->DataSets, vcc, "DS_2")->GetRefNameDS().toStdString(), "DS_2;");
+    DcDataSet orphan("Lone", nullptr);
+    EXPECT_EQ(orphan.Elems.Count, 0);
+}
+
+TEST_F(SetsTest, AddObRefPutsNewMembersInFrontAndRenewsKnownOnes) {
+    DcDataSet* set = AddDataSet(icc->DataSets, icc, "DS_1");
+    DcDA* a = AddDA(icc->Vars, icc, "A");
+    DcDA* b = AddDA(icc->Vars, icc, "B");
+    EXPECT_EQ(set->AddObRef(a), 1);
+    set->AddObRef(b);
+    DcDA* otherA = AddDA(vcc->Vars, vcc, "A");
+    EXPECT_EQ(set->AddObRef(otherA), 1);
+    EXPECT_EQ(Texts(set->Elems), "ICC_1/B,ICC_1/A," + kStd);
+    EXPECT_EQ(Entry(set, 1), otherA);
+    std::string member = "ICC_1/X$Value";
+    EXPECT_EQ(set->IdxObbyName(member), -1);
+    EXPECT_EQ(member, "ICC_1/X");
+    set->RemoveRef(b);
+    EXPECT_EQ(Texts(set->Elems), "ICC_1/A," + kStd);
+    set->ClearRealVar();
+    EXPECT_EQ(Texts(set->Elems), kStd);
+    // In VCC scope the key is the bare name.
+    DcDataSet* vccSet = AddDataSet(vcc->DataSets, vcc, "DS_V");
+    vccSet->AddObRef(a);
+    EXPECT_EQ(vccSet->Elems.Strings(0), "A");
+}
+
+TEST_F(SetsTest, ReadEntriesBindToVariablesAndLeaveRunTimeReferences) {
+    DcDA* a = AddDA(icc->Vars, icc, "A");
+    DcDA* b = AddDA(icc->Vars, icc, "B");
+    DcDA* v = AddDA(vcc->Vars, vcc, "V");
+    AddDA(vcc->Vars, vcc, "S")->Service = true;
+    DcDataSet* set = AddDataSet(icc->DataSets, icc, "DS_1");
+    XmlText xml("<DcDataSet name=\"DS_1\"><ElemDS name=\"ICC_1/B\"/><ElemDS name=\"ICC_2/A\"/>"
+                "<ElemDS name=\"ICC_1/A\"/><ElemDS name=\"ICC_1/B\"/><Other name=\"C\"/>"
+                "</DcDataSet>");
+    set->DecodeXML(xml.Root());
+    EXPECT_EQ(Texts(set->Elems), "ICC_1/B,ICC_2/A,ICC_1/A," + kStd);
+    EXPECT_EQ(Entry(set, 0), nullptr);
+    set->SetCorrespond();
+    EXPECT_EQ(Entry(set, 1), nullptr);
+    EXPECT_EQ(Entry(set, 2), a);
+    EXPECT_EQ(a->refDSRT.toStdString(), "ICC_1/DS_1,2;");
+    ASSERT_NE(set->RtBits, nullptr);
+    EXPECT_EQ(set->RtBits->BitLen, 7);
+    set->BindObDs();
+    EXPECT_EQ(b->refDSRT.toStdString(), "ICC_1/DS_1,0;");
+
+    // A VCC set binds without references; each BindObDs appends one, except
+    // to a service variable.
+    DcDataSet* vccSet = AddDataSet(vcc->DataSets, vcc, "DS_V");
+    for (const char* n : {"S", "V"})
+        vccSet->Elems.InsertObject(0, n, nullptr);
+    vccSet->SetCorrespond();
+    EXPECT_EQ(Entry(vccSet, 0), v);
+    EXPECT_EQ(vccSet->RtBits, nullptr);
+    vccSet->BindObDs();
+    vccSet->BindObDs();
+    EXPECT_EQ(v->refDSRT.toStdString(), "DS_V,0;DS_V,0;");
+    EXPECT_EQ(static_cast<DcDA*>(Entry(vccSet, 1))->refDSRT.toStdString(), "");
+}
+
+TEST_F(SetsTest, UpdRefObsRewritesKeysAndPrefixesTheStandardFieldsOfAnICCSet) {
+    DcDA* a = AddDA(icc->Vars, icc, "A");
+    DcDataSet* set = AddDataSet(icc->DataSets, icc, "DS_1");
+    set->AddObRef(a);
+    a->name = "A2";
+    set->UpdRefObs();
+    EXPECT_EQ(Texts(set->Elems), "ICC_1/A2,ICC_1/DSConditions_Detected,ICC_1/Event_Code_Detected,"
+                                 "ICC_1/Transfer_Set_Time_Stamp,ICC_1/Transfer_Set_Name");
+    // Prefixed, the standard fields are written like any other entry.
+    EXPECT_TRUE(set->ToXML(0).contains("<ElemDS name=\"ICC_1/Transfer_Set_Name\" />"));
+
+    // Outside an ICC a text stays; an entry without object is passed over.
+    DcDataSet* vccSet = AddDataSet(vcc->DataSets, vcc, "DS_V");
+    DcDA* v = AddDA(vcc->Vars, vcc, "V");
+    vccSet->AddObRef(v);
+    vccSet->Elems.InsertObject(0, "Ghost", nullptr);
+    v->name = "V2";
+    vccSet->UpdRefObs();
+    EXPECT_EQ(Texts(vccSet->Elems), "Ghost,V," + kStd);
+
+    set->OnChangeNameOwn("ICC_9");
+    EXPECT_EQ(set->FullName, "ICC_1/DS_1");
+    EXPECT_EQ(set->Elems.Strings(0), "ICC_1/A2");
+    set->AddObRef(AddDA(icc->Vars, icc, "B"));
+    EXPECT_EQ(set->Elems.Strings(0), "ICC_9/B");
+}
+
+TEST_F(SetsTest, DataSetAssignSelfCopiesTheLeafStandardFieldsOnly) {
+    DcDataSet* source = AddDataSet(vcc->DataSets, vcc, "DS_1");
+    DcDataSet* target = AddDataSet(icc->DataSets, icc, "DS_2");
+    DcDA* code = static_cast<DcDA*>(source->SelfList.Objects(1));
+    code->Value->SetFromstring("5");
+    code->desc = "code";
+    static_cast<DcDO*>(source->SelfList.Objects(3))->PutVar("Scope", "7");
+    target->AssignSelf(source);
+    DcDA* copied = static_cast<DcDA*>(target->SelfList.Objects(1));
+    EXPECT_EQ(ValueOf(copied), "5");
+    EXPECT_EQ(copied->desc, "code");
+    EXPECT_EQ(Var(static_cast<DcDO*>(target->SelfList.Objects(3)), "Scope"), "0");
+    DcDataSet empty("", nullptr);
+    empty.AssignSelf(source);
+    target->AssignSelf(&empty);
+    target->AssignSelf(nullptr);
+}
+
+TEST_F(SetsTest, TransSetConstructorsMakeTheMembersOrOnlyDataSetName) {
     DcTransSet* set = AddTransSet("TrSet_1");
     EXPECT_EQ(Texts(set->Members), kMembers);
     ASSERT_NE(set->DataSetName, nullptr);
@@ -39,10 +177,9 @@ TEST_F(TransSetTest, ConstructorsMakeTheMembersOrOnlyDataSetName) {
     EXPECT_EQ(scope->GetFullName(), "ICC_1/Scope");
     EXPECT_FALSE(Leaf(set, "Status")->CanA);
     DcDA* conditions = Leaf(set, "DSConditionsRequested");
-    EXPECT_EQ(conditions->Value->Tostring(), "00100");
+    EXPECT_EQ(ValueOf(conditions), "00100");
     EXPECT_EQ(conditions->BitNames.toStdString(),
               "IntervalTimeOut,IntegrityTimeOut,ObjectChange,OperatorRequest,OtherExternalEvent");
-
     DcTransSet bare("", true, nullptr);
     EXPECT_EQ(Texts(bare.Members), "DataSetName");
     EXPECT_FALSE(bare.Service);
@@ -50,17 +187,15 @@ TEST_F(TransSetTest, ConstructorsMakeTheMembersOrOnlyDataSetName) {
     EXPECT_EQ(Texts(bare.Members), kMembers);
 
     // A template set without "BitString5" ends the members before BlockData.
-    DcDTTP* types = pDcDTTP;
-    pDcDTTP = ReadTypes(SetTypes(false));
+    const int i = pDcDTTP->Types.IndexOf("BitString5");
+    delete ListOb(pDcDTTP->Types, i);
+    pDcDTTP->Types.Delete(i);
     DcTransSet* partial = AddTransSet("TrSet_3");
-    EXPECT_EQ(Texts(partial->Members),
-              "DataSetName,StartTime,Interval,TLE,BufferTime,IntegrityCheck");
+    EXPECT_EQ(Texts(partial->Members), "DataSetName,StartTime,Interval,TLE,BufferTime,IntegrityCheck");
     EXPECT_FALSE(partial->SetAttFromStr("DSConditionRequested", "10100"));
-    delete pDcDTTP;
-    pDcDTTP = types;
 }
 
-TEST_F(TransSetTest, AttributeFormTakesDSConditionsRequestedForTheEventCode) {
+TEST_F(SetsTest, AttributeFormTakesDSConditionsRequestedForTheEventCode) {
     DcTransSet* set = ReadInto(AddTransSet(""),
                                "<DcTransSet name=\"TrSet_1\" StartTime=\"12\" TLE=\"4\" "
                                "DSConditionsRequested=\"7\" BlockData=\"true\" Critical=\"y\"/>");
@@ -84,7 +219,6 @@ TEST_F(TransSetTest, AttributeFormTakesDSConditionsRequestedForTheEventCode) {
     EXPECT_EQ(Texts(pTrans->Members), kMembers + ",DSConditionRequested");
     EXPECT_EQ(Texts(pTrans->DataSetName->Members), "Scope,DomainName,Name,Scope,DomainName,Name");
     delete pTrans;
-
     XmlText two("<a><b><DcTransSet name=\"one\"/></b><DcTransSet name=\"two\"/></a>");
     RakeTrans(two.Document());
     EXPECT_EQ(pTrans->name, "one");
@@ -92,28 +226,7 @@ TEST_F(TransSetTest, AttributeFormTakesDSConditionsRequestedForTheEventCode) {
     pTrans = nullptr;
 }
 
-TEST_F(TransSetTest, ToXMLBreaksTheLineAfterMembersZeroFourAndEight) {
-    DcTransSet set("", true, nullptr);
-    set.name = "T";
-    set.desc = "d";
-    const std::string gap = "\r\n          ";
-    std::string expected = "    <DcTransSet name = \"T\" desc=\"d\" >\r\n"
-                           "  <DcDO  name = \"DataSetName\" type = \"\" desc = \"\" refDSRT = \"\" "
-                           "refDS = \"\" >\r\n  </DcDO> \r\n\r\n" +
-                           gap;
-    for (int i = 1; i <= 8; ++i) {
-        DcDA* member = new DcDA(&set);
-        member->name = "M" + std::to_string(i);
-        set.Members.AddObject(member->name, member, true);
-        expected += "  <DcDA  name = \"" + member->name +
-                    "\" type = \"\" desc = \"\" svalue = \"\" refDSRT = \"\" ByteCount=\"0\"  "
-                    "unused=\"0\" refDS = \"\"  flagAbility = \"0\" /> \r\n\r\n" +
-                    (i % 4 == 0 ? gap : "");
-    }
-    EXPECT_EQ(set.ToXML(4).toStdString(), expected + "    </DcTransSet>\r\n");
-}
-
-TEST_F(TransSetTest, ChildElementsTakeThePlaceOfMembersOfTheSameName) {
+TEST_F(SetsTest, ChildElementsTakeThePlaceOfMembersOfTheSameName) {
     DcTransSet* set = ReadInto(AddTransSet(""),
                                "<DcTransSet><DcDA name=\"StartTime\" type=\"INT32\" svalue=\"42\"/>"
                                "<DcDO name=\"DataSetName\"><DcDA name=\"Name\" "
@@ -122,7 +235,6 @@ TEST_F(TransSetTest, ChildElementsTakeThePlaceOfMembersOfTheSameName) {
     EXPECT_EQ(Texts(set->Members), kMembers + ",Extra");
     EXPECT_EQ(Var(set, "StartTime"), "42");
     EXPECT_EQ(Var(set, "DataSetName$Name"), "DS_1");
-
     // A leaf read as DataSetName, or a structure read under a part's name,
     // leaves nothing dangling and no structure listing itself.
     DcTransSet* leaf = ReadInto(AddTransSet(""), "<DcTransSet><DcDA name=\"DataSetName\"/>"
@@ -131,8 +243,8 @@ TEST_F(TransSetTest, ChildElementsTakeThePlaceOfMembersOfTheSameName) {
     EXPECT_EQ(scope, leaf->Members.Objects(leaf->Members.IndexOf("Scope")));
     leaf->InitVar();
     EXPECT_EQ(Texts(scope->Members), "DomainName,Name");
-    DcTransSet* noName = ReadInto(AddTransSet(""), "<DcTransSet><DcDA name=\"DataSetName\"/>"
-                                                   "</DcTransSet>");
+    DcTransSet* noName =
+        ReadInto(AddTransSet(""), "<DcTransSet><DcDA name=\"DataSetName\"/></DcTransSet>");
     EXPECT_EQ(noName->DataSetName, nullptr);
     noName->ResetDataSetName();
     noName->GetVarFromDA();
@@ -140,14 +252,13 @@ TEST_F(TransSetTest, ChildElementsTakeThePlaceOfMembersOfTheSameName) {
     EXPECT_FALSE(CheckValidTrset(noName, 1));
 }
 
-TEST_F(TransSetTest, DataSetNamePartsAreWrittenAndReadBackIntoTheFields) {
+TEST_F(SetsTest, DataSetNamePartsAreWrittenAndReadBackIntoTheFields) {
     DcDataSet* dataSet = AddDataSet(icc->DataSets, icc, "DS_1");
     DcTransSet* set = AddTransSet("TrSet_1");
     set->ResetDataSetName();
     EXPECT_EQ(Var(set, "DataSetName$Name"), "");
     set->SetVar();
     EXPECT_EQ(Var(set, "DataSetName$Name"), "H");
-
     SetParts(set, "1", "ICC_1", "DS_1");
     set->PutVar("Interval", "7");
     set->PutVar("Status", "true");
@@ -161,7 +272,6 @@ TEST_F(TransSetTest, DataSetNamePartsAreWrittenAndReadBackIntoTheFields) {
     EXPECT_EQ(set->DSDomain, "");
     EXPECT_EQ(set->DSConditions.GetOneCount(), 0);
     EXPECT_EQ(set->RefDS, dataSet);
-
     set->SetAttFromStr("DSConditionRequested", "10100");
     set->PutVar("DataSetName$Name", "DS_X");
     set->GetVarFromDA();
@@ -178,7 +288,7 @@ TEST_F(TransSetTest, DataSetNamePartsAreWrittenAndReadBackIntoTheFields) {
     EXPECT_EQ(bare.Members.Count, 1);
 }
 
-TEST_F(TransSetTest, CheckValidTrsetTestsDomainScopeAndDataSetThenStatusAgainstMode) {
+TEST_F(SetsTest, CheckValidTrsetTestsDomainScopeAndDataSetThenStatusAgainstMode) {
     AddDataSet(icc->DataSets, icc, "DS_1");
     DcTransSet* set = AddTransSet("TrSet_1");
     SetParts(set, "1", "ICC_1", "DS_1");
@@ -194,7 +304,6 @@ TEST_F(TransSetTest, CheckValidTrsetTestsDomainScopeAndDataSetThenStatusAgainstM
         EXPECT_FALSE(CheckValidTrset(set, 0)) << parts[1];
         EXPECT_FALSE(CheckValidTrset(set, 1)) << parts[1];
     }
-
     // Outside an ICC the VCC's data sets count, and pVCC becomes that VCC.
     AddDataSet(vcc->DataSets, vcc, "DS_V");
     DcTransSet* atVcc = new DcTransSet("TS", false, vcc);
@@ -207,15 +316,15 @@ TEST_F(TransSetTest, CheckValidTrsetTestsDomainScopeAndDataSetThenStatusAgainstM
     EXPECT_EQ(pVCC, vcc);
 }
 
-TEST_F(TransSetTest, NextTransferSetTakesTheLastFreeTransferSet) {
+TEST_F(SetsTest, NextTransferSetTakesTheLastFreeTransferSet) {
     DcTransSet* first = AddTransSet("TrSet_1");
     DcTransSet* second = AddTransSet("TrSet_2");
     DcNextTransferSet* next = new DcNextTransferSet(icc);
     next->InitVar();
     EXPECT_EQ(Leaf(next, "Scope")->type, "INT8");
+    // Its own writer, apart from the line that the ICC writes for it.
     EXPECT_EQ(next->ToXML(2).toStdString(),
               "  <DcNextTransferSet name = \"Next_DSTransfer_Set\" />\r\n");
-
     EXPECT_TRUE(next->FindFreeTS());
     EXPECT_TRUE(second->Used);
     EXPECT_FALSE(first->Used);

@@ -1,8 +1,8 @@
-#include "support/myNode.h"
+// The tree of nodes: links, insertion at the front, search and removal.
 #include "support/UStringList.h"
+#include "support/myNode.h"
 
 #include <gtest/gtest.h>
-#include <vector>
 
 namespace {
 
@@ -10,7 +10,7 @@ void* Obj(long n) {
     return reinterpret_cast<void*>(n);
 }
 
-// root { a { a1, a2 }, b, c { c1 } }
+// root { a { a1, A2 }, b, c { c1 } }
 struct Tree {
     myNode* root = new myNode("root", Obj(100));
     myNode* a = root->AddChild("a", Obj(1));
@@ -35,92 +35,73 @@ void ExpectChain(myNode* parent, const std::vector<myNode*>& children) {
 
 } // namespace
 
-TEST(myNode, AddChildLinksSiblings) {
+TEST(myNode, InsertionLinksSiblingsAtTheFrontAfterANodeAndAtTheEnd) {
     Tree t;
-    ExpectChain(t.root, {t.a, t.b, t.c});
     ExpectChain(t.a, {t.a1, t.a2});
-    EXPECT_EQ(t.root->GetChildById(3), nullptr);
     EXPECT_EQ(t.root->GetChildById(1), t.b);
+    EXPECT_EQ(t.root->GetChildById(3), nullptr);
     EXPECT_EQ(t.root->GetChildRow(t.b), 1);
     EXPECT_EQ(t.root->GetChildRow(t.a1), -1);
     EXPECT_EQ(t.root->GetChildRow(nullptr), -1);
     EXPECT_EQ(t.a->GetLastSibling(), t.c);
     EXPECT_EQ(t.b->AddChild(nullptr), 1);
     EXPECT_EQ(t.b->FirstChild, nullptr);
-}
 
-TEST(myNode, AddSiblingRefusesLinkedNodes) {
-    Tree t;
-    myNode* loose = new myNode("x");
-    loose->Parent = t.root;
-    EXPECT_EQ(t.a->AddSibling(loose), 1);
-    EXPECT_EQ(t.c->Next, nullptr);
-    loose->Parent = nullptr;
-    loose->Prev = t.b;
-    EXPECT_EQ(t.a->AddSibling(loose), 1);
-    loose->Prev = nullptr;
-    EXPECT_EQ(t.a->AddSibling(nullptr), 1);
-    // Accepted: goes after the last sibling and takes its Parent.
-    EXPECT_EQ(t.a->AddSibling(loose), 0);
-    EXPECT_EQ(t.b->AddSibling("y", Obj(9)), 0);
-    ExpectChain(t.root, {t.a, t.b, t.c, loose, loose->Next});
-    EXPECT_EQ(loose->Next->name, "y");
-    // A root's sibling has no parent to take.
-    myNode* other = new myNode("other");
-    EXPECT_EQ(t.root->AddSibling(other), 0);
-    EXPECT_EQ(other->Parent, nullptr);
-}
-
-TEST(myNode, InsertsAtFrontAndAfterNode) {
-    Tree t;
     myNode* first = new myNode("first", Obj(50));
     EXPECT_EQ(t.root->AddChildAsFirst(first), 0);
     EXPECT_EQ(t.root->AddChildAsFirst(nullptr), 1);
     myNode* mid = t.a->AddAsSibling("mid", Obj(51));
     myNode* last = t.c->AddAsSibling("last", nullptr);
     ExpectChain(t.root, {first, t.a, mid, t.b, t.c, last});
-
     // AddUniqueChild reuses the child carrying the object.
     EXPECT_EQ(t.a->AddUniqueChild("other name", Obj(12)), t.a2);
     myNode* fresh = t.a->AddUniqueChild("a3", Obj(13));
     ExpectChain(t.a, {t.a1, t.a2, fresh});
+
+    // AddSibling refuses linked nodes; accepted, it goes after the last
+    // sibling and takes its Parent, which a root's sibling has not.
+    myNode* loose = new myNode("x");
+    loose->Parent = t.root;
+    EXPECT_EQ(t.a->AddSibling(loose), 1);
+    loose->Parent = nullptr;
+    loose->Prev = t.b;
+    EXPECT_EQ(t.a->AddSibling(loose), 1);
+    loose->Prev = nullptr;
+    EXPECT_EQ(t.a->AddSibling(nullptr), 1);
+    EXPECT_EQ(last->Next, nullptr);
+    EXPECT_EQ(t.a->AddSibling(loose), 0);
+    EXPECT_EQ(t.b->AddSibling("y", Obj(9)), 0);
+    ExpectChain(t.root, {first, t.a, mid, t.b, t.c, last, loose, loose->Next});
+    EXPECT_EQ(loose->Next->name, "y");
+    myNode* other = new myNode("other");
+    EXPECT_EQ(t.root->AddSibling(other), 0);
+    EXPECT_EQ(other->Parent, nullptr);
 }
 
-TEST(myNode, FindsByObjectAndName) {
+TEST(myNode, SearchByObjectNameAndLongName) {
     Tree t;
     // Objects: this node and following siblings, never children.
     EXPECT_EQ(t.a->FindNodeByObject(Obj(3)), t.c);
     EXPECT_EQ(t.b->FindNodeByObject(Obj(1)), nullptr);
     EXPECT_EQ(t.a->FindNodeByObject(Obj(11)), nullptr);
-
     // Names: depth first, the subtree before the next sibling, any case.
     EXPECT_EQ(t.root->FindNodeByName("C1", 0), t.c1);
     EXPECT_EQ(t.b->FindNodeByName("a1", 0), nullptr);
-    t.a1->name = "b";
-    EXPECT_EQ(t.a->FindNodeByName("B", 0), t.a1);
-
     myNode* found = nullptr;
     EXPECT_TRUE(t.a1->FindNodeByNameL("A2", found));
     EXPECT_EQ(found, t.a2);
     EXPECT_FALSE(t.a1->FindNodeByNameL("a2", found));
     EXPECT_EQ(found, nullptr);
-}
-
-TEST(myNode, FindNodeByLongNameIgnoresCase) {
-    Tree t;
-    struct Row {
-        myNode* from;
-        const char *path, *sep;
-        myNode* found;
-    };
-    const Row rows[] = {
-        {t.root, "ROOT$A$a2", "$", t.a2}, {t.a, "C$c1", "$", t.c1},
-        {t.a, "a/A1", "/", t.a1},         {t.a, "b$x", "$", nullptr}, // b has no children
-        {t.a, "a$zz", "$", nullptr},                                  // no such child
-        {t.a, "q$a1", "$", nullptr},      {t.b, "a", "$", nullptr},   // siblings after b only
-    };
-    for (const Row& r : rows)
-        EXPECT_EQ(r.from->FindNodeByLongName(r.path, r.sep), r.found) << r.path;
+    const std::tuple<myNode*, const char*, const char*, myNode*> rows[] = {
+        {t.root, "ROOT$A$a2", "$", t.a2}, {t.a, "C$c1", "$", t.c1}, {t.a, "a/A1", "/", t.a1},
+        {t.a, "b$x", "$", nullptr},       {t.a, "a$zz", "$", nullptr},
+        {t.a, "q$a1", "$", nullptr},      {t.b, "a", "$", nullptr}}; // siblings after b only
+    for (const auto& r : rows)
+        EXPECT_EQ(std::get<0>(r)->FindNodeByLongName(std::get<1>(r), std::get<2>(r)),
+                  std::get<3>(r))
+            << std::get<1>(r);
+    t.a1->name = "b";
+    EXPECT_EQ(t.a->FindNodeByName("B", 0), t.a1);
 }
 
 TEST(myNode, FullNameAndToList) {
@@ -131,16 +112,14 @@ TEST(myNode, FullNameAndToList) {
     EXPECT_EQ(t.a2->GetFullName(), "root$a$A2");
     t.a1->Parent = nullptr;
     EXPECT_EQ(t.a2->GetFullName(), "A2");
-    t.a1->Parent = t.a;
-    t.a2->Parent = t.a;
-
+    t.a1->Parent = t.a2->Parent = t.a;
     StringList list;
     t.root->ToList("pre", &list);
-    const char* expected[] = {"pre$root",   "pre$root$a", "pre$root$a$a1", "pre$root$a$A2",
-                              "pre$root$b", "pre$root$c", "pre$root$c$c1"};
-    ASSERT_EQ(list.Count, 7);
-    for (int i = 0; i < 7; ++i)
-        EXPECT_EQ(list.Strings(i), expected[i]);
+    std::string all;
+    for (int i = 0; i < list.Count; ++i)
+        all += list.Strings(i) + ",";
+    EXPECT_EQ(all, "pre$root,pre$root$a,pre$root$a$a1,pre$root$a$A2,pre$root$b,pre$root$c,"
+                   "pre$root$c$c1,");
     EXPECT_EQ(list.Objects(3), Obj(12));
     StringList fromChild;
     t.b->ToList("", &fromChild);
@@ -148,7 +127,7 @@ TEST(myNode, FullNameAndToList) {
     EXPECT_EQ(fromChild.Strings(2), "$c$c1");
 }
 
-TEST(myNode, DeleteNodeUnlinksAndReturnsNeighbour) {
+TEST(myNode, RemovalUnlinksAndReturnsTheNeighbour) {
     Tree t;
     myNode* mid = t.a->AddAsSibling("mid", nullptr);
     mid->AddChild("m1", nullptr);
@@ -165,25 +144,20 @@ TEST(myNode, DeleteNodeUnlinksAndReturnsNeighbour) {
         delete step.first;
     }
     ExpectChain(t.root, {t.b});
-}
 
-TEST(myNode, DeleteChildrenAndSubTree) {
-    Tree t;
-    myNode* old = t.a->FirstChild;
-    t.a->DeleteChidren();
-    EXPECT_EQ(t.a->FirstChild, nullptr);
-    EXPECT_EQ(t.a->Saved, old); // kept, dangling
+    Tree u;
+    myNode* old = u.a->FirstChild;
+    u.a->DeleteChidren();
+    EXPECT_EQ(u.a->FirstChild, nullptr);
+    EXPECT_EQ(u.a->Saved, old); // kept, dangling
+    // DeleteSubTree of a middle child takes the following siblings along;
+    // of the first child, the parent is left without children.
+    u.b->DeleteSubTree();
+    EXPECT_EQ(u.a->Next, nullptr);
+    EXPECT_EQ(u.root->GetChildCount(), 1);
+    u.a->DeleteSubTree();
+    EXPECT_EQ(u.root->FirstChild, nullptr);
 
-    // DeleteSubTree of a middle child takes the following siblings along.
-    t.b->DeleteSubTree();
-    EXPECT_EQ(t.a->Next, nullptr);
-    EXPECT_EQ(t.root->GetChildCount(), 1);
-    // Of the first child: the parent is left without children.
-    t.a->DeleteSubTree();
-    EXPECT_EQ(t.root->FirstChild, nullptr);
-}
-
-TEST(myNode, LongSiblingChainIsHandled) {
     myNode* root = new myNode("root");
     for (int i = 0; i < 200000; ++i)
         root->AddAsSibling("n", nullptr);

@@ -10,13 +10,6 @@
 #include "support/MyBuf.h"
 #include "xml/ModelRoad.h"
 
-// The type tables are prepared once per process, as the form does.
-struct TypeTablesEnvironment : ::testing::Environment {
-    void SetUp() override { PrepareModelTables(); }
-};
-inline ::testing::Environment* const typeTablesEnvironment =
-    ::testing::AddGlobalTestEnvironment(new TypeTablesEnvironment);
-
 // Basic types, two structured types and those of the sets, as DcTemplate text.
 inline const char* const kModelTypes =
     "<DcTemplate>"
@@ -103,11 +96,16 @@ inline std::string ValueOf(DcDA* variable) {
     return variable && variable->Value ? variable->Value->Tostring() : std::string();
 }
 
-// The value of a member by path, empty when the path fails.
+// The values of members by path, joined with ","; empty where a path fails.
+inline std::string Var(DcDO* object, std::initializer_list<std::string> paths) {
+    std::string out, text;
+    for (const std::string& path : paths)
+        out += (&path == paths.begin() ? "" : ",") +
+               (object->GetVar(path, text) == 0 ? text : std::string());
+    return out;
+}
 inline std::string Var(DcDO* object, const std::string& path) {
-    std::string text;
-    object->GetVar(path, text);
-    return text;
+    return Var(object, {path});
 }
 
 // Collects the texts that objects report through Put2SLog.
@@ -123,11 +121,12 @@ inline std::string GoldenFile(const char* name) {
     return ReadWholeFile(QString(ICCP_GOLDEN_DIR "/") + name);
 }
 
-// Each test starts with pDcDTTP read from kModelTypes and without pVCC; the
-// model, its tree and the types go at the end, with needemit false.
+// Each test starts with the type tables prepared, pDcDTTP read from
+// kModelTypes and no pVCC; the model, its tree and the types go at the end.
 class ModelWorldTest : public ::testing::Test {
 protected:
     void SetUp() override {
+        PrepareModelTables();
         ClearModel(tree);
         ASSERT_NE(ReadTypes(kModelTypes), nullptr);
     }

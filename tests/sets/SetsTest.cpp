@@ -22,7 +22,6 @@ protected:
 void* Entry(DcDataSet* set, int i) {
     return set->Elems.Objects(i);
 }
-
 DcDA* Leaf(DcDO* object, const char* name) {
     return static_cast<DcDA*>(object->Members.Objects(object->Members.IndexOf(name)));
 }
@@ -191,7 +190,8 @@ TEST_F(SetsTest, TransSetConstructorsMakeTheMembersOrOnlyDataSetName) {
     delete ListOb(pDcDTTP->Types, i);
     pDcDTTP->Types.Delete(i);
     DcTransSet* partial = AddTransSet("TrSet_3");
-    EXPECT_EQ(Texts(partial->Members), "DataSetName,StartTime,Interval,TLE,BufferTime,IntegrityCheck");
+    EXPECT_EQ(Texts(partial->Members),
+              "DataSetName,StartTime,Interval,TLE,BufferTime,IntegrityCheck");
     EXPECT_FALSE(partial->SetAttFromStr("DSConditionRequested", "10100"));
 }
 
@@ -201,12 +201,10 @@ TEST_F(SetsTest, AttributeFormTakesDSConditionsRequestedForTheEventCode) {
                                "DSConditionsRequested=\"7\" BlockData=\"true\" Critical=\"y\"/>");
     EXPECT_EQ(set->TLE, 4);
     EXPECT_EQ(set->EventCodeRequested, 7);
-    EXPECT_EQ(Var(set, "EventCodeRequested"), "7");
-    EXPECT_EQ(Var(set, "DSConditionsRequested"), "00100");
-    EXPECT_EQ(Var(set, "BlockData"), "true");
     // The field reads "y" as true, the boolean member only "true".
     EXPECT_TRUE(set->Critical);
-    EXPECT_EQ(Var(set, "Critical"), "false");
+    EXPECT_EQ(Var(set, {"EventCodeRequested", "DSConditionsRequested", "BlockData", "Critical"}),
+              "7,00100,true,false");
 
     XmlText tsBase(TSbase.c_str());
     ASSERT_FALSE(tsBase.doc.Error());
@@ -233,8 +231,7 @@ TEST_F(SetsTest, ChildElementsTakeThePlaceOfMembersOfTheSameName) {
                                "type=\"VISIBLE_STRING32\" svalue=\"DS_1\"/></DcDO>"
                                "<DcDA name=\"Extra\" type=\"INT16\"/></DcTransSet>");
     EXPECT_EQ(Texts(set->Members), kMembers + ",Extra");
-    EXPECT_EQ(Var(set, "StartTime"), "42");
-    EXPECT_EQ(Var(set, "DataSetName$Name"), "DS_1");
+    EXPECT_EQ(Var(set, {"StartTime", "DataSetName$Name"}), "42,DS_1");
     // A leaf read as DataSetName, or a structure read under a part's name,
     // leaves nothing dangling and no structure listing itself.
     DcTransSet* leaf = ReadInto(AddTransSet(""), "<DcTransSet><DcDA name=\"DataSetName\"/>"
@@ -281,8 +278,7 @@ TEST_F(SetsTest, DataSetNamePartsAreWrittenAndReadBackIntoTheFields) {
     // AssignSelf copies member values by index; a bare set has no members to take them.
     DcTransSet* copy = AddTransSet("TrSet_2");
     copy->AssignSelf(set);
-    EXPECT_EQ(Var(copy, "Interval"), "7");
-    EXPECT_EQ(Var(copy, "DataSetName$Name"), "DS_X");
+    EXPECT_EQ(Var(copy, {"Interval", "DataSetName$Name"}), "7,DS_X");
     DcTransSet bare("", true, nullptr);
     bare.AssignSelf(set);
     EXPECT_EQ(bare.Members.Count, 1);
@@ -328,8 +324,7 @@ TEST_F(SetsTest, NextTransferSetTakesTheLastFreeTransferSet) {
     EXPECT_TRUE(next->FindFreeTS());
     EXPECT_TRUE(second->Used);
     EXPECT_FALSE(first->Used);
-    EXPECT_EQ(Var(next, "DomainName"), "ICC_1");
-    EXPECT_EQ(Var(next, "Name"), "TrSet_2");
+    EXPECT_EQ(Var(next, {"DomainName", "Name"}), "ICC_1,TrSet_2");
     EXPECT_EQ(Var(second, "RBE"), "true");
     EXPECT_TRUE(next->FindFreeTS());
     EXPECT_EQ(next->CurName, "TrSet_1");

@@ -180,11 +180,6 @@ TEST(StringList, FreeFunctionsFindTheFirstObject) {
     EXPECT_EQ(FindIdObjByPtr(Obj(3), list), -1);
     EXPECT_EQ(FindIdObjByPtr(Obj(2), nullptr), -1);
     delete list;
-    // compOb orders the slots by their address, not by what they hold.
-    int refs[2] = {1, 0};
-    EXPECT_EQ(compOb(&refs[0], &refs[0]), 0);
-    EXPECT_EQ(compOb(&refs[0], &refs[1]), -1);
-    EXPECT_EQ(compOb(&refs[1], &refs[0]), 1);
 }
 
 TEST(List, AddFindRemoveAndSort) {

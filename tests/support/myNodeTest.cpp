@@ -1,6 +1,6 @@
 // The tree of nodes: links, insertion at the front, search and removal.
-#include "support/UStringList.h"
 #include "support/myNode.h"
+#include "support/UStringList.h"
 
 #include <gtest/gtest.h>
 
@@ -93,9 +93,9 @@ TEST(myNode, SearchByObjectNameAndLongName) {
     EXPECT_FALSE(t.a1->FindNodeByNameL("a2", found));
     EXPECT_EQ(found, nullptr);
     const std::tuple<myNode*, const char*, const char*, myNode*> rows[] = {
-        {t.root, "ROOT$A$a2", "$", t.a2}, {t.a, "C$c1", "$", t.c1}, {t.a, "a/A1", "/", t.a1},
-        {t.a, "b$x", "$", nullptr},       {t.a, "a$zz", "$", nullptr},
-        {t.a, "q$a1", "$", nullptr},      {t.b, "a", "$", nullptr}}; // siblings after b only
+        {t.root, "ROOT$A$a2", "$", t.a2}, {t.a, "C$c1", "$", t.c1},    {t.a, "a/A1", "/", t.a1},
+        {t.a, "b$x", "$", nullptr},       {t.a, "a$zz", "$", nullptr}, {t.a, "q$a1", "$", nullptr},
+        {t.b, "a", "$", nullptr}}; // siblings after b only
     for (const auto& r : rows)
         EXPECT_EQ(std::get<0>(r)->FindNodeByLongName(std::get<1>(r), std::get<2>(r)),
                   std::get<3>(r))

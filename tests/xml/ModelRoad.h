@@ -1,6 +1,5 @@
 // The road of a model text into memory as the form takes it on load, and its
-// teardown; shared by the XML tests, the fuzz target and the benchmark, which
-// all include this header.
+// teardown; shared by the tests, the fuzz target and the benchmark.
 #pragma once
 
 #include <QFile>
@@ -12,9 +11,8 @@
 #include "model/XmlText.h"
 #include "support/myNode.h"
 
-// The type tables are sorted and upper-cased once per process, as the form's
-// constructor does before any model is read. The model's text is UTF-8 and
-// so is the local 8-bit encoding.
+// The type tables are sorted and upper-cased once per process, as the form
+// does; the model's text and the local 8-bit encoding are UTF-8.
 inline void PrepareModelTables() {
     static bool done = false;
     if (done)
@@ -35,9 +33,8 @@ inline std::string ReadWholeFile(const QString& path) {
     return file.readAll().toStdString();
 }
 
-// Parses text as UTF-8 and reads it into pDcDTTP and pVCC, then validates the
-// templates, completes the structures, binds the data sets and fills the
-// tree, whose root is returned in *tree (null when the text holds no DcVCC).
+// Reads text into pDcDTTP and pVCC, validates the templates, completes the
+// structures, binds the data sets and fills *tree (null without a DcVCC).
 // False, with nothing read, when the text doesn't parse.
 inline bool ReadModelText(const std::string& text, myNode** tree) {
     *tree = nullptr;
@@ -59,8 +56,7 @@ inline bool ReadModelText(const std::string& text, myNode** tree) {
     return true;
 }
 
-// Frees the tree and the model as the clearing flow does; deleting here is
-// teardown, not editing.
+// Frees the tree and the model as the clearing flow does, without signals.
 inline void ClearModel(myNode*& tree) {
     needemit = false;
     if (tree)
@@ -72,8 +68,7 @@ inline void ClearModel(myNode*& tree) {
     pDcDTTP = nullptr;
 }
 
-// The frame that the form puts around the writers' output, with the model's
-// own line ends kept as they are.
+// The frame that the form puts around the writers' output.
 inline std::string FrameModelText(const QString& body) {
     return "<?xml version = \"1.0\" ?>\r\n"
            "<xsd:schema xmlns:xsd = \"http://www.w3.org/2001/XMLSchema\">\r\n"

@@ -18,7 +18,8 @@ QString Written() {
 // The model's XML, the template set's XML and the CSV against golden files.
 void ExpectGoldenTexts(const char* vccFile, const char* dttpFile, const char* csvFile) {
     ASSERT_TRUE(pVCC && pDcDTTP);
-    const std::string vcc = GoldenFile(vccFile), dttp = GoldenFile(dttpFile), csv = GoldenFile(csvFile);
+    const std::string vcc = GoldenFile(vccFile), dttp = GoldenFile(dttpFile),
+                      csv = GoldenFile(csvFile);
     ASSERT_FALSE(vcc.empty() || dttp.empty() || csv.empty());
     EXPECT_EQ(vcc, pVCC->ToXML(2).toStdString());
     EXPECT_EQ(dttp, pDcDTTP->ToXML(2).toStdString());

@@ -75,6 +75,11 @@ T* AddRaw(StringList& list, QObject* owner, const std::string& name, const std::
     return variable;
 }
 
+// Object i of the list as a T, or null.
+template <class T> T* At(const StringList& list, int i) {
+    return qobject_cast<T*>(ListOb(list, i));
+}
+
 // The entry texts of a list, joined with ",".
 inline std::string Texts(const StringList& list) {
     std::string out;

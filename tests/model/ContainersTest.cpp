@@ -24,69 +24,39 @@ const char* const kVccText =
 
 } // namespace
 
-TEST_F(ModelWorldTest, ReadersLogDuplicatesAndKeepThem) {
+TEST_F(ModelWorldTest, ReadersLogDuplicatesKeepThemAndLayOutRowsAndTree) {
     XmlText xml(kVccText);
     pVCC = vcc = new DcVCC();
     LogRecorder log;
     log.Listen(vcc);
     EXPECT_EQ(vcc->DecodeXML(xml.Root()), 0);
-    EXPECT_EQ(vcc->name, "VCC_1");
-    EXPECT_EQ(vcc->desc, "x");
+    EXPECT_EQ(vcc->desc, "x"); // the last attribute of no use
     EXPECT_EQ(log.texts, QStringList({"error: VCC VCC_1 duplicate variable A",
                                       "error: VCC VCC_1 type is absent in Template U",
                                       "error: VCC VCC_1 duplicate variable ICC_1"}));
-    ASSERT_EQ(vcc->Vars.Count, 4);
-    EXPECT_EQ(ValueOf(qobject_cast<DcDA*>(ListOb(vcc->Vars, 0))), "5");
+    EXPECT_EQ(ValueOf(At<DcDA>(vcc->Vars, 0)), "5");
+    // The VCC keeps one of two data sets, an ICC both; the second Next set
+    // is not made, and an attribute of no use is refused.
     EXPECT_EQ(vcc->DataSets.Count, 1);
-    ASSERT_EQ(vcc->ICCs.Count, 2);
-    // An ICC keeps duplicate data sets; the second Next set is not made.
-    DcLD* first = qobject_cast<DcLD*>(ListOb(vcc->ICCs, 0));
-    ASSERT_NE(first, nullptr);
-    EXPECT_EQ(first->DataSets.Count, 2);
-    ASSERT_NE(first->NextSet, nullptr);
-    EXPECT_EQ(first->NextSet->name, "Next_DSTransfer_Set");
-    EXPECT_EQ(first->NextSets.Count, 1);
+    DcLD* ld = At<DcLD>(vcc->ICCs, 0);
+    ASSERT_NE(ld, nullptr);
+    EXPECT_EQ(ld->DataSets.Count, 2);
+    EXPECT_EQ(ld->NextSets.Count, 1);
     EXPECT_FALSE(vcc->IsExistNext());
-    EXPECT_FALSE(first->SetAttFromStr("other", "x"));
+    EXPECT_FALSE(ld->SetAttFromStr("other", "x"));
 
-    XmlText ldText("<DcLD name=\"ICC_1\"><DcDA name=\"B\" type=\"INT16\"/>"
-                   "<DcDO name=\"B\" type=\"Unknown\"/></DcLD>");
-    DcLD ld;
-    log.Listen(&ld);
-    log.texts.clear();
-    ld.DecodeXML(ldText.Root());
-    EXPECT_EQ(log.texts, QStringList({"error: LD ICC_1 duplicate variable B"}));
-    EXPECT_EQ(ld.Vars.Count, 2);
-
-    // RakeNode1 reads the last VCC of the document.
-    XmlText two("<root><x><DcVCC name=\"First\"><DcDA name=\"A\" type=\"INT16\"/></DcVCC></x>"
-                "<DcVCC name=\"Second\"/></root>");
-    pVCC = nullptr;
-    RakeNode1(two.Document());
-    ASSERT_NE(pVCC, nullptr);
-    EXPECT_EQ(pVCC->name, "Second");
-    RakeNode1(nullptr);
-    delete vcc;
-}
-
-TEST_F(ModelWorldTest, BornDOAndFillmyNodeLayOutMembersRowsAndTree) {
-    XmlText xml(kVccText);
-    RakeNode1(xml.Document());
-    ASSERT_NE(vcc = pVCC, nullptr);
     vcc->BornDO();
-    EXPECT_EQ(qobject_cast<DcDO*>(ListOb(vcc->Vars, 2))->Members.Count, 2);
-    EXPECT_EQ(qobject_cast<DcDO*>(ListOb(vcc->Vars, 3))->Members.Count, 0);
-    DcLD* ld = qobject_cast<DcLD*>(ListOb(vcc->ICCs, 0));
-    DcDO* r = qobject_cast<DcDO*>(ListOb(ld->Vars, 1));
+    EXPECT_EQ(At<DcDO>(vcc->Vars, 2)->Members.Count, 2);
+    EXPECT_EQ(At<DcDO>(vcc->Vars, 3)->Members.Count, 0);
+    DcDO* r = At<DcDO>(ld->Vars, 1);
     ASSERT_EQ(r->Members.Count, 2);
-    EXPECT_EQ(qobject_cast<DcDO*>(ListOb(r->Members, 0))->Members.Count, 2);
+    EXPECT_EQ(At<DcDO>(r->Members, 0)->Members.Count, 2);
     EXPECT_EQ(std::vector<int>(ld->RowBase, ld->RowBase + 5), std::vector<int>({1, 1, 2, 2, 4}));
     EXPECT_EQ(std::vector<int>(vcc->RowBase, vcc->RowBase + 5), std::vector<int>({0, 0, 4, 0, 4}));
     EXPECT_EQ(ld->GetObj(-1), nullptr);
     EXPECT_EQ(ld->GetObj(3), r);
     EXPECT_EQ(ld->GetObj(4), nullptr);
-    // The index is the row, offset by the list's RowBase.
-    int index = 99;
+    int index = 99; // the row, offset by the list's RowBase
     EXPECT_EQ(ld->FindInd("R", index), &ld->Vars);
     EXPECT_EQ(index, 3);
     EXPECT_EQ(ld->FindInd("Nope", index), nullptr);
@@ -103,6 +73,24 @@ TEST_F(ModelWorldTest, BornDOAndFillmyNodeLayOutMembersRowsAndTree) {
     EXPECT_EQ(ChildNames(iccs->FirstChild->GetChildById(2)), "L,L");
     EXPECT_EQ(ChildNames(iccs->GetChildById(1)),
               "Transfer_Sets,Наборы данных (DataSets),Переменные");
+
+    XmlText ldText("<DcLD name=\"ICC_1\"><DcDA name=\"B\" type=\"INT16\"/>"
+                   "<DcDO name=\"B\" type=\"Unknown\"/></DcLD>");
+    DcLD bare;
+    log.Listen(&bare);
+    log.texts.clear();
+    bare.DecodeXML(ldText.Root());
+    EXPECT_EQ(log.texts, QStringList({"error: LD ICC_1 duplicate variable B"}));
+    EXPECT_EQ(bare.Vars.Count, 2);
+}
+
+TEST_F(ModelWorldTest, RakeNode1ReadsTheLastVccOfTheDocument) {
+    XmlText two("<root><x><DcVCC name=\"First\"><DcDA name=\"A\" type=\"INT16\"/></DcVCC></x>"
+                "<DcVCC name=\"Second\"/></root>");
+    RakeNode1(two.Document());
+    ASSERT_NE(pVCC, nullptr);
+    EXPECT_EQ(pVCC->name, "Second");
+    RakeNode1(nullptr);
 }
 
 TEST_F(ModelWorldTest, VccLookups) {
@@ -125,7 +113,7 @@ TEST_F(ModelWorldTest, VccLookups) {
     const std::pair<const char*, DcICCPBase*> names[] = {
         {"ICC_1/Var$X", var},
         {"ICC_1/Var", var},
-        {"ICC_1/Str$Q$Flags", ListOb(qobject_cast<DcDO*>(ListOb(str->Members, 0))->Members, 1)},
+        {"ICC_1/Str$Q$Flags", ListOb(At<DcDO>(str->Members, 0)->Members, 1)},
         {"S$Value", ListOb(s->Members, 0)},
         {"S$Nope", nullptr},
         {"ICC_9/Var", nullptr},
@@ -150,10 +138,10 @@ TEST_F(ModelWorldTest, SetReletionBindsEntriesAfterLoading) {
                 "</DcLD><DcDA name=\"A\" type=\"INT16\"/></DcVCC>");
     RakeNode1(xml.Document());
     ASSERT_NE(vcc = pVCC, nullptr);
-    DcDataSet* ds = qobject_cast<DcDataSet*>(ListOb(vcc->DataSets, 0));
-    DcLD* ld = qobject_cast<DcLD*>(ListOb(vcc->ICCs, 0));
+    DcDataSet* ds = At<DcDataSet>(vcc->DataSets, 0);
+    DcLD* ld = At<DcLD>(vcc->ICCs, 0);
     ASSERT_TRUE(ds && ld);
-    DcDataSet* l = qobject_cast<DcDataSet*>(ListOb(ld->DataSets, 0));
+    DcDataSet* l = At<DcDataSet>(ld->DataSets, 0);
     ASSERT_NE(l, nullptr);
     auto entry = [](DcDataSet* set, const char* key) {
         return set->Elems.Objects(set->Elems.IndexOf(key));
@@ -183,22 +171,21 @@ TEST_F(ModelWorldTest, InitVar4DSAddsTheServiceVariablesOnce) {
         EXPECT_EQ(vcc->ServiceVars.Objects(i), ListOb(vcc->Vars, i));
     }
     EXPECT_FALSE(ListOb(icc->Vars, 0)->Service);
-    EXPECT_EQ(qobject_cast<DcDA*>(ListOb(icc->Vars, 0))->type, "INT32");
+    EXPECT_EQ(At<DcDA>(icc->Vars, 0)->type, "INT32");
     const std::pair<const char*, const char*> types[] = {{"Event_Code_Detected", "INT16"},
                                                          {"DSConditions_Detected", "BitString"}};
     for (const auto& t : types) {
-        DcDA* da = qobject_cast<DcDA*>(ListOb(vcc->Vars, vcc->Vars.IndexOf(t.first)));
+        DcDA* da = At<DcDA>(vcc->Vars, vcc->Vars.IndexOf(t.first));
         ASSERT_NE(da, nullptr) << t.first;
         EXPECT_EQ(da->type, t.second);
     }
     // The scope of the transfer set name is typed apart for the VCC and an ICC.
     for (const auto& scope :
          {std::make_pair(&vcc->Vars, "UINT8"), std::make_pair(&icc->Vars, "INT8")}) {
-        DcDO* name =
-            qobject_cast<DcDO*>(ListOb(*scope.first, scope.first->IndexOf("Transfer_Set_Name")));
+        DcDO* name = At<DcDO>(*scope.first, scope.first->IndexOf("Transfer_Set_Name"));
         ASSERT_NE(name, nullptr);
         EXPECT_EQ(Texts(name->Members), "Scope,DomainName,Name");
-        EXPECT_EQ(qobject_cast<DcDA*>(ListOb(name->Members, 0))->type, scope.second);
+        EXPECT_EQ(At<DcDA>(name->Members, 0)->type, scope.second);
     }
 }
 

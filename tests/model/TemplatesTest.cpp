@@ -145,7 +145,7 @@ TEST_F(ModelWorldTest, StructuredTemplateReportsAnInvalidStructureMember) {
     DcDOType outer;
     outer.DecodeXML(xml.Root());
     ASSERT_EQ(outer.Members.Count, 1);
-    DcDO* member = qobject_cast<DcDO*>(ListOb(outer.Members, 0));
+    DcDO* member = At<DcDO>(outer.Members, 0);
     ASSERT_NE(member, nullptr);
     LogRecorder outerLog, memberLog;
     outerLog.Listen(&outer);
@@ -190,7 +190,7 @@ TEST_F(ModelWorldTest, ExpansionEndsAtAnUnknownOrSelfContainingStructure) {
     root.FirstChild->DeleteSubTree();
     DcDO structure("S", loop, nullptr);
     ASSERT_EQ(structure.Members.Count, 2);
-    DcDO* again = qobject_cast<DcDO*>(ListOb(structure.Members, 1));
+    DcDO* again = At<DcDO>(structure.Members, 1);
     ASSERT_NE(again, nullptr);
     EXPECT_EQ(again->Members.Count, 0);
 }

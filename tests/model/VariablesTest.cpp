@@ -24,7 +24,7 @@ TEST_F(ModelWorldTest, VariablesTakeTheTemplateAndAnswerByFullName) {
 
     MakeModel();
     DcDO* outer = AddDO(icc->Vars, icc, "Var", "Data_RealQTimeTag");
-    DcDO* q = qobject_cast<DcDO*>(ListOb(outer->Members, 0));
+    DcDO* q = At<DcDO>(outer->Members, 0);
     ASSERT_NE(q, nullptr);
     EXPECT_EQ(ListOb(q->Members, 0)->GetFullName(), "ICC_1/Var$Q$Value");
     EXPECT_EQ(outer->GetFullName2(), "VCC_1|ICC_1/Var");
@@ -65,11 +65,11 @@ TEST_F(ModelWorldTest, FindDOwZeroGivesEmptyStructuresTheirMembers) {
     EXPECT_EQ(r->Members.Count, 0);
     FindDOwZero(r);
     ASSERT_EQ(r->Members.Count, 2);
-    DcDO* q = qobject_cast<DcDO*>(ListOb(r->Members, 0));
+    DcDO* q = At<DcDO>(r->Members, 0);
     ASSERT_NE(q, nullptr);
     EXPECT_FALSE(q->Top);
     EXPECT_TRUE(r->Top);
-    DcDA* value = qobject_cast<DcDA*>(ListOb(q->Members, 0));
+    DcDA* value = At<DcDA>(q->Members, 0);
     ASSERT_NE(value, nullptr);
     EXPECT_EQ(ValueOf(value), "-10.000000");
     // The member owns a copy of the prototype's value.
@@ -114,13 +114,13 @@ TEST_F(ModelWorldTest, CreateDcDAFindsOrMakesAMember) {
     other.AddObject("x", nullptr, true);
     EXPECT_EQ(structure.CreateDcDA("INT16", "A", "3", &other), 1);
     EXPECT_EQ(structure.Members.Count, 3);
-    DcDA* made = qobject_cast<DcDA*>(ListOb(other, 1));
+    DcDA* made = At<DcDA>(other, 1);
     ASSERT_NE(made, nullptr);
     EXPECT_EQ(ValueOf(made), "3");
     EXPECT_EQ(structure.CreateDcDA("INT16", "A", "3", nullptr), -1);
     delete made;
     EXPECT_EQ(structure.CreateDcDO("Data_RealQ", "Q"), 3);
-    EXPECT_EQ(qobject_cast<DcDO*>(ListOb(structure.Members, 3))->Members.Count, 2);
+    EXPECT_EQ(At<DcDO>(structure.Members, 3)->Members.Count, 2);
     EXPECT_EQ(structure.CreateDcDO("INT16", "Bad"), -1);
 }
 
@@ -131,7 +131,7 @@ TEST_F(ModelWorldTest, GetValidReportsMembersWithoutTemplates) {
     log.Listen(structure);
     EXPECT_TRUE(structure->GetValid());
     AddRaw<DcDA>(structure->Members, structure, "Stray", "Nope");
-    DcDO* q = qobject_cast<DcDO*>(ListOb(structure->Members, 0));
+    DcDO* q = At<DcDO>(structure->Members, 0);
     AddRaw<DcDA>(q->Members, q, "Inner", "Nope");
     AddRaw<DcDO>(structure->Members, structure, "U", "Unknown");
     q->Template = nullptr;
@@ -201,7 +201,7 @@ TEST_F(ModelWorldTest, AttributesOfADcDA) {
     XmlText hand("<DcDA name = \"Supported_Features\" type = \"BitString12\" "
                  "svalue = \"110000000000\" />");
     vcc->DecodeElement(hand.Root(), "DcDA");
-    DcDA* features = qobject_cast<DcDA*>(ListOb(vcc->Vars, 0));
+    DcDA* features = At<DcDA>(vcc->Vars, 0);
     ASSERT_NE(features, nullptr);
     EXPECT_EQ(ValueOf(features), "110000000000");
     EXPECT_EQ(features->unused, 4);
@@ -230,7 +230,7 @@ TEST_F(ModelWorldTest, AttributesOfADcDA) {
 TEST_F(ModelWorldTest, SetbTypeListTypesEveryLeaf) {
     MakeModel();
     DcDA* a = AddDA(vcc->Vars, vcc, "A", "INT32");
-    DcDA* value = qobject_cast<DcDA*>(ListOb(AddDO(vcc->Vars, vcc, "S")->Members, 0));
+    DcDA* value = At<DcDA>(AddDO(vcc->Vars, vcc, "S")->Members, 0);
     a->Value->bType = -1;
     value->Value->bType = -1;
     SetbTypeList(&vcc->Vars);

@@ -205,8 +205,9 @@ TEST_F(ModelWorldTest, CorrectDSTSTakesStoredValues) {
     EXPECT_EQ(Var(target, "StartTime"), "77");
 }
 
-// What the writers pass over; their byte layout is held by the golden texts.
-TEST_F(ModelWorldTest, WritersPassOverEmptyEntriesAndOrphanDataSets) {
+// What the writers pass over (a data set made without a parent has no
+// entries); their byte layout is held by the golden texts.
+TEST_F(ModelWorldTest, WritersPassOverEmptyEntriesAndDataSetsWithoutEntries) {
     MakeModel();
     vcc->Vars.AddObject("Gone", nullptr, true);
     icc->DataSets.AddObject("E", new DcDataSet("E", nullptr), true);

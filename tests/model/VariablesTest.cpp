@@ -5,16 +5,12 @@
 #include "common/ModelWorld.h"
 
 TEST_F(ModelWorldTest, VariablesTakeTheTemplateAndAnswerByFullName) {
-    // Each row: type, value text, byte count.
-    const std::tuple<const char*, const char*, int> rows[] = {{"INT16", "0", 1},
-                                                              {"Data_TimeStamp", "", 0}};
-    for (const auto& r : rows) {
-        DcDA da("A", GetDcDAType(std::get<0>(r)), nullptr);
-        EXPECT_EQ(ValueOf(&da), std::get<1>(r)) << std::get<0>(r);
-        EXPECT_EQ(da.ByteCount, std::get<2>(r)) << std::get<0>(r);
-    }
+    DcDA int16("A", GetDcDAType("INT16"), nullptr);
+    EXPECT_EQ(ValueOf(&int16), "0");
+    EXPECT_EQ(int16.ByteCount, 1);
     DcDA noValue("T", GetDcDAType("Data_TimeStamp"), nullptr);
     EXPECT_EQ(noValue.Value->Buf, nullptr);
+    EXPECT_EQ(noValue.ByteCount, 0);
     DcDA bits("B", GetDcDAType("BitString12"), nullptr);
     EXPECT_TRUE(bits.IsBitStr());
     EXPECT_EQ(ValueOf(&bits), "110000000000");
@@ -26,13 +22,14 @@ TEST_F(ModelWorldTest, VariablesTakeTheTemplateAndAnswerByFullName) {
     DcDO* outer = AddDO(icc->Vars, icc, "Var", "Data_RealQTimeTag");
     DcDO* q = At<DcDO>(outer->Members, 0);
     ASSERT_NE(q, nullptr);
-    EXPECT_EQ(ListOb(q->Members, 0)->GetFullName(), "ICC_1/Var$Q$Value");
+    DcICCPBase* value = ListOb(q->Members, 0);
+    EXPECT_EQ(value->GetFullName(), "ICC_1/Var$Q$Value");
     EXPECT_EQ(outer->GetFullName2(), "VCC_1|ICC_1/Var");
     EXPECT_EQ(ListOb(AddDO(vcc->Vars, vcc, "S")->Members, 1)->GetFullName(), "S$Flags");
-    EXPECT_EQ(ListOb(q->Members, 0)->IsHostObType("DcDA"), ListOb(q->Members, 0));
-    EXPECT_EQ(ListOb(q->Members, 0)->IsHostObType("DcDO"), q);
-    EXPECT_EQ(ListOb(q->Members, 0)->IsHostObType("DcVCC"), vcc);
-    EXPECT_EQ(ListOb(q->Members, 0)->IsHostObType("DcDataSet"), nullptr);
+    const std::pair<const char*, DcICCPBase*> hosts[] = {
+        {"DcDA", value}, {"DcDO", q}, {"DcVCC", vcc}, {"DcDataSet", nullptr}};
+    for (const auto& h : hosts)
+        EXPECT_EQ(value->IsHostObType(h.first), h.second) << h.first;
 }
 
 TEST_F(ModelWorldTest, GetVarAndPutVarFollowPaths) {

@@ -1,6 +1,5 @@
-// The one model world of the tests of the object model, the sets and the XML
-// road: the type tables, a small template set, a VCC with one ICC, and the
-// helpers that read what the model reports.
+// The model world of the model, sets and XML tests: type tables, a small
+// template set, a VCC with one ICC, and readers of what the model reports.
 #pragma once
 
 #include <QStringList>
@@ -42,8 +41,7 @@ struct XmlText {
     TiXmlDocument doc;
 };
 
-// Reads the first DcTemplate of xml into a fresh pDcDTTP, as the load does;
-// the set that was there is the caller's.
+// The first DcTemplate of xml read into a fresh pDcDTTP (the old one is the caller's).
 inline DcDTTP* ReadTypes(const std::string& xml) {
     XmlText text(xml.c_str());
     pDcDTTP = nullptr;
@@ -65,7 +63,7 @@ inline DcDO* AddDO(StringList& vars, QObject* owner, const std::string& name,
     return variable;
 }
 
-// A variable made as the readers make it, with its texts only, put in list.
+// A variable made as the readers make it, with its texts only.
 template <class T>
 T* AddRaw(StringList& list, QObject* owner, const std::string& name, const std::string& type = "") {
     T* variable = new T(owner);
@@ -126,8 +124,7 @@ inline std::string GoldenFile(const char* name) {
     return ReadWholeFile(QString(ICCP_GOLDEN_DIR "/") + name);
 }
 
-// Each test starts with the type tables prepared, pDcDTTP read from
-// kModelTypes and no pVCC; the model, its tree and the types go at the end.
+// Each test starts with pDcDTTP read from kModelTypes and no pVCC.
 class ModelWorldTest : public ::testing::Test {
 protected:
     void SetUp() override {

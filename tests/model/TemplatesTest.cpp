@@ -45,21 +45,13 @@ TEST_F(ModelWorldTest, BaseTypesTablesAreSortedAndFollowAliasesToABaseRow) {
 
 // Each object's ObType is the code the class table gives its class name.
 TEST_F(ModelWorldTest, ClassTableEveryClassHasItsNameAndCode) {
-    DcDAType daType;
-    DcDA da;
-    DcDOType doType;
-    DcDO dobject;
-    DcLD ld;
-    DcDTTP dttp;
-    DcVCC vcc;
-    ObICCP ob;
-    DcDataSet dataSet("DS", nullptr);
-    DcNextTransferSet next;
     for (DcICCPBase* object : std::initializer_list<DcICCPBase*>{
-             &daType, &da, &doType, &dobject, &ld, &dttp, &vcc, &ob, &dataSet, &next}) {
+             new DcDAType, new DcDA, new DcDOType, new DcDO, new DcLD, new DcDTTP, new DcVCC,
+             new ObICCP, new DcDataSet("DS", nullptr), new DcNextTransferSet}) {
         const std::string name = object->ClassName().toStdString();
         EXPECT_GT(object->ObType, 0) << name;
         EXPECT_EQ(TabDcObCode(name.c_str()), object->ObType) << name;
+        delete object;
     }
     EXPECT_EQ(TabDcObCode("DcICCPBase"), 0);
     EXPECT_EQ(TabDcObCode("DcNothing"), -1);
@@ -77,7 +69,7 @@ TEST_F(ModelWorldTest, TemplatesReaderKeepsTheFirstOfDuplicatesAndTheFirstTempla
     EXPECT_EQ(log.texts, QStringList({"error: DTTP duplicate variable : INT16",
                                       "error: DTTP duplicate variable : Pair"}));
     EXPECT_EQ(dttp.ErrCount, 2);
-    ASSERT_EQ(dttp.Types.Count, 2);
+    EXPECT_EQ(Texts(dttp.Types), "INT16,Pair");
     EXPECT_EQ(qobject_cast<DcDAType*>(dttp.FindType("INT16"))->value, "1");
     EXPECT_EQ(qobject_cast<DcDOType*>(dttp.FindType("Pair"))->defname, "");
     EXPECT_EQ(dttp.DecodeElement(xml.Root(), "Other"), 4);
@@ -87,7 +79,6 @@ TEST_F(ModelWorldTest, TemplatesReaderKeepsTheFirstOfDuplicatesAndTheFirstTempla
     DcDTTP* found = nullptr;
     EXPECT_TRUE(FindAndRakeDTTPFromStr(two.Document(), &found));
     ASSERT_NE(found, nullptr);
-    EXPECT_EQ(Texts(found->Types), "X");
     // A set already there is kept, and the element is skipped.
     DcDTTP* before = found;
     FindAndRakeDTTPFromStr(two.Document(), &found);
@@ -96,8 +87,7 @@ TEST_F(ModelWorldTest, TemplatesReaderKeepsTheFirstOfDuplicatesAndTheFirstTempla
     delete found;
     XmlText none("<a><b/></a>");
     found = nullptr;
-    EXPECT_TRUE(FindAndRakeDTTPFromStr(none.Document(), &found));
-    EXPECT_EQ(found, nullptr);
+    EXPECT_TRUE(FindAndRakeDTTPFromStr(none.Document(), &found) && !found);
 
     // Without a template set no DcDA member is read.
     XmlText alone("<DcDOType type=\"T\"><DcDA name=\"V\" type=\"INT16\"/></DcDOType>");
@@ -116,9 +106,8 @@ TEST_F(ModelWorldTest, ValidVarStopsAtTheFirstInvalidStructure) {
               nullptr);
     EXPECT_TRUE(pDcDTTP->ValidVar());
     // Take INT16 out of the set: A and C lose their basic type.
-    const int i = pDcDTTP->Types.IndexOf("INT16");
-    DcICCPBase* int16 = ListOb(pDcDTTP->Types, i);
-    pDcDTTP->Types.Delete(i);
+    DcICCPBase* int16 = ListOb(pDcDTTP->Types, 0);
+    pDcDTTP->Types.Delete(0);
     auto* a = qobject_cast<DcDOType*>(pDcDTTP->FindType("A"));
     auto* c = qobject_cast<DcDOType*>(pDcDTTP->FindType("C"));
     LogRecorder log;
@@ -126,16 +115,14 @@ TEST_F(ModelWorldTest, ValidVarStopsAtTheFirstInvalidStructure) {
         log.Listen(pDcDTTP->FindType(name));
     EXPECT_FALSE(pDcDTTP->ValidVar());
     EXPECT_EQ(log.texts, QStringList({"error: DOType A(include DA )is absent in List"}));
-    EXPECT_EQ(a->Valid, 0);
-    EXPECT_EQ(c->Valid, 1);
+    EXPECT_EQ(std::vector<int>({a->Valid, c->Valid}), std::vector<int>({0, 1})); // C not reached
     // C on its own reports every member.
     log.texts.clear();
     EXPECT_FALSE(c->GetValid());
     EXPECT_EQ(log.texts, QStringList({"error: DOType C(include DA )is absent in List",
                                       "error: DOType C(include DA )is absent in List"}));
     delete int16;
-    DcDTTP empty;
-    EXPECT_TRUE(empty.ValidVar());
+    EXPECT_TRUE(DcDTTP().ValidVar());
 }
 
 TEST_F(ModelWorldTest, StructuredTemplateReportsAnInvalidStructureMember) {
@@ -144,14 +131,12 @@ TEST_F(ModelWorldTest, StructuredTemplateReportsAnInvalidStructureMember) {
                 "</DcDOType>");
     DcDOType outer;
     outer.DecodeXML(xml.Root());
-    ASSERT_EQ(outer.Members.Count, 1);
     DcDO* member = At<DcDO>(outer.Members, 0);
     ASSERT_NE(member, nullptr);
     LogRecorder outerLog, memberLog;
     outerLog.Listen(&outer);
     memberLog.Listen(member);
-    EXPECT_FALSE(outer.GetValid());
-    EXPECT_EQ(outer.Valid, 0);
+    EXPECT_FALSE(outer.GetValid() || outer.Valid);
     EXPECT_EQ(outerLog.texts,
               QStringList({"error: DOType Data_RealQ(include DO )is absent in List"}));
     EXPECT_EQ(memberLog.texts,
@@ -159,8 +144,7 @@ TEST_F(ModelWorldTest, StructuredTemplateReportsAnInvalidStructureMember) {
     // Without a template set everything is valid.
     DcDTTP* kept = pDcDTTP;
     pDcDTTP = nullptr;
-    EXPECT_TRUE(outer.GetValid());
-    EXPECT_EQ(outer.Valid, 1);
+    EXPECT_TRUE(outer.GetValid() && outer.Valid == 1);
     pDcDTTP = kept;
 }
 
@@ -174,8 +158,7 @@ TEST_F(ModelWorldTest, ExpansionEndsAtAnUnknownOrSelfContainingStructure) {
     myNode other("root");
     partial.GetFullContDesc(&other);
     EXPECT_EQ(ChildNames(&other), "a,s");
-    if (other.FirstChild)
-        other.FirstChild->DeleteSubTree();
+    other.FirstChild->DeleteSubTree();
 
     XmlText loopText("<DcDOType type=\"Loop\"><DcDA name=\"a\" type=\"INT16\"/>"
                      "<DcDO name=\"again\" type=\"Loop\"/></DcDOType>");
@@ -190,9 +173,7 @@ TEST_F(ModelWorldTest, ExpansionEndsAtAnUnknownOrSelfContainingStructure) {
     root.FirstChild->DeleteSubTree();
     DcDO structure("S", loop, nullptr);
     ASSERT_EQ(structure.Members.Count, 2);
-    DcDO* again = At<DcDO>(structure.Members, 1);
-    ASSERT_NE(again, nullptr);
-    EXPECT_EQ(again->Members.Count, 0);
+    EXPECT_EQ(At<DcDO>(structure.Members, 1)->Members.Count, 0);
 }
 
 TEST_F(ModelWorldTest, LessThenAndSortByIdtype) {
@@ -210,10 +191,10 @@ TEST_F(ModelWorldTest, LessThenAndSortByIdtype) {
     for (const auto& p : pairs)
         EXPECT_EQ(lessThen(std::get<0>(p), std::get<1>(p)), std::get<2>(p));
     pDcDTTP->sortByidtype();
-    QStringList order;
+    std::string order;
     for (DcICCPBase* templ : pDcDTTP->TypeList)
-        order << QString::number(templ->idtype);
-    EXPECT_EQ(order.join(","), "1,2,10,11,12,13,14,15,16,17,18,19,20,21");
+        order += std::to_string(templ->idtype) + ",";
+    EXPECT_EQ(order, "1,2,10,11,12,13,14,15,16,17,18,19,20,21,");
     // The StringList keeps the order of reading.
     EXPECT_EQ(pDcDTTP->Types.Strings(0), "INT16");
 }

@@ -1,4 +1,3 @@
-// Typed value buffers and bit sets: texts in and out, sizes and limits.
 #include "support/MyBuf.h"
 
 #include <gtest/gtest.h>
@@ -22,8 +21,8 @@ std::vector<int> Bytes(const MyBufValue& v, size_t n) {
 
 } // namespace
 
-// Without a buffer or a known type no text is taken.
-TEST(MyBufValue, UntypedAndUnknownTypesTakeNoText) {
+TEST(MyBufValue, TextsInAndOutByType) {
+    // Without a buffer or a known type no text is taken.
     MyBufValue v;
     EXPECT_EQ(v.SetFromstring("true"), -1);
     Type(v, -1, 1);
@@ -34,10 +33,7 @@ TEST(MyBufValue, UntypedAndUnknownTypesTakeNoText) {
         EXPECT_EQ(empty.Tostring(), "") << t;
         EXPECT_EQ(empty.SetFromstring("1"), -1) << t;
     }
-}
-
-// Each row: a fresh value of the type takes the text and shows it back.
-TEST(MyBufValue, NumbersBooleansAndBitStringsRoundTrip) {
+    // Each row: a fresh value of the type takes the text and shows it back.
     struct Row {
         int bType, size, unused;
         const char* in;
@@ -80,9 +76,7 @@ TEST(MyBufValue, NumbersBooleansAndBitStringsRoundTrip) {
     text.Buf[0] = 0xFF;
     EXPECT_EQ(text.SetFromstring(""), -1);
     EXPECT_EQ(text.Buf[0], 0);
-}
 
-TEST(MyBufValue, VisibleStringKeepsItsLimits) {
     MyBufValue s;
     Type(s, 10, 32);
     EXPECT_EQ(s.Tostring(), "");
@@ -97,15 +91,13 @@ TEST(MyBufValue, VisibleStringKeepsItsLimits) {
     EXPECT_EQ(s.Tostring(), "xbc");
     // A text reaching Len starts from a cleared buffer and sets Len; only
     // Len bytes are read.
-    MyBufValue t;
-    Type(t, 10, 32);
-    t.Len = 4;
-    t.SetFromstring("hello");
-    EXPECT_EQ(t.Len, 6);
-    t.SetFromstring("hi");
-    EXPECT_EQ(t.Tostring(), "hillo");
-    t.Len = 3;
-    EXPECT_EQ(t.Tostring(), "hil");
+    s.Len = 4;
+    s.SetFromstring("hello");
+    EXPECT_EQ(s.Len, 6);
+    s.SetFromstring("hi");
+    EXPECT_EQ(s.Tostring(), "hillo");
+    s.Len = 3;
+    EXPECT_EQ(s.Tostring(), "hil");
 }
 
 TEST(MyBufValue, AssignFromBufAndBits) {
@@ -133,7 +125,6 @@ TEST(MyBufValue, AssignFromBufAndBits) {
     v.FromBuf(bytes, 0);
     EXPECT_EQ(v.Buf, nullptr);
     v.FromBuf(bytes, 3);
-    ASSERT_NE(v.Buf, nullptr);
     EXPECT_EQ(v.Len, 3);
     const int bits[][2] = {{0, 1}, {8, 0}, {17, 1}, {24, 0}, {-1, 0}};
     for (const auto& b : bits)
@@ -149,10 +140,9 @@ TEST(qolBitSet, SizesLimitsSearchAndExport) {
     EXPECT_EQ(qolBitSet(0).SetBit(0), -1);
     EXPECT_EQ(qolBitSet(17).ByteLen, 3);
     qolBitSet b(10);
-    EXPECT_EQ(b.SetBit(0), 0);
-    EXPECT_EQ(b.SetBit(9), 0);
-    EXPECT_EQ(b.SetBit(10), -1);
-    EXPECT_EQ(b.SetBit(-1), -1);
+    const int sets[][2] = {{0, 0}, {9, 0}, {10, -1}, {-1, -1}};
+    for (const auto& s : sets)
+        EXPECT_EQ(b.SetBit(s[0]), s[1]) << s[0];
     EXPECT_EQ(b.GetIdx(10), -1);
     const int after[][2] = {{-1, 0}, {0, 9}, {9, -1}};
     for (const auto& a : after)
@@ -192,10 +182,8 @@ TEST(qolBitSet, ResizeAndCombine) {
     x.SetBit(1);
     y.SetBit(1);
     y.SetBit(3);
-    EXPECT_TRUE(x.OpOR(y));
-    EXPECT_TRUE(x.OpXOR(y));
-    EXPECT_FALSE(x.OpOR(z));
-    EXPECT_FALSE(x.OpXOR(z));
+    EXPECT_TRUE(x.OpOR(y) && x.OpXOR(y));
+    EXPECT_FALSE(x.OpOR(z) || x.OpXOR(z));
     EXPECT_EQ(x.BufToStr(), "1000");
     qolBitSet copy(2);
     copy.Assign(qolBitSet(0)); // empty source: no effect

@@ -11,8 +11,7 @@
 #include "model/XmlText.h"
 #include "support/myNode.h"
 
-// The type tables are sorted and upper-cased once per process, as the form
-// does; the model's text and the local 8-bit encoding are UTF-8.
+// The type tables sorted once per process as the form does; locale UTF-8.
 inline void PrepareModelTables() {
     static bool done = false;
     if (done)
@@ -33,9 +32,8 @@ inline std::string ReadWholeFile(const QString& path) {
     return file.readAll().toStdString();
 }
 
-// Reads text into pDcDTTP and pVCC, validates the templates, completes the
-// structures, binds the data sets and fills *tree (null without a DcVCC).
-// False, with nothing read, when the text doesn't parse.
+// Reads text into pDcDTTP and pVCC, runs the passes after loading and fills
+// *tree (null without a DcVCC); false, nothing read, when it doesn't parse.
 inline bool ReadModelText(const std::string& text, myNode** tree) {
     *tree = nullptr;
     TiXmlDocument doc;
@@ -47,7 +45,6 @@ inline bool ReadModelText(const std::string& text, myNode** tree) {
     if (!pVCC)
         return true;
     *tree = new myNode(pVCC->name, pVCC);
-    // A document without DcTemplate leaves no template set to validate.
     if (pDcDTTP)
         pDcDTTP->ValidVar();
     pVCC->BornDO();

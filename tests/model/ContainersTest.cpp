@@ -174,7 +174,7 @@ TEST_F(ModelWorldTest, InitVar4DSAddsTheServiceVariablesOnce) {
     }
 }
 
-TEST_F(ModelWorldTest, CorrectDSTSTakesStoredValues) {
+TEST_F(ModelWorldTest, CorrectDSTSAndTheWritersPassOverEmptyEntries) {
     MakeModel();
     DcTransSet* target = AddTransSet("TrSet_1");
     DcTransSet source("TrSet_1", false, nullptr);
@@ -188,11 +188,7 @@ TEST_F(ModelWorldTest, CorrectDSTSTakesStoredValues) {
     stored.ChString(0, "ICC_1/TrSet_1");
     vcc->CorrectDSTS(&stored);
     EXPECT_EQ(Var(target, "StartTime"), "77");
-}
-
-// A data set made without a parent has no entries: the writers pass it over.
-TEST_F(ModelWorldTest, WritersPassOverEmptyEntriesAndDataSetsWithoutEntries) {
-    MakeModel();
+    // A data set made without a parent has no entries: the writers pass it over.
     vcc->Vars.AddObject("Gone", nullptr, true);
     icc->DataSets.AddObject("E", new DcDataSet("E", nullptr), true);
     AddDataSet(icc->DataSets, icc, "L");

@@ -5,7 +5,7 @@
 
 #include "common/ModelWorld.h"
 
-TEST_F(ModelWorldTest, BaseTypesTablesAreSortedAndFollowAliasesToABaseRow) {
+TEST_F(ModelWorldTest, TypeAndClassTablesAreSortedAndFollowAliases) {
     auto row = [](const char* name) { return FindDAType2(DATypes, 0, DATypesCount - 1, name); };
     // Each row: alias, base type, the row of the sorted table (not the id)
     // when it is checked; DATA_TIMESTAMP takes two steps, through GMTBASEDS.
@@ -41,10 +41,7 @@ TEST_F(ModelWorldTest, BaseTypesTablesAreSortedAndFollowAliasesToABaseRow) {
     const std::pair<const char*, int> types[] = {{"BOOL", 1}, {"FLOAT32", 4}, {"bool", 0}};
     for (const auto& t : types)
         EXPECT_EQ(GetType(t.first), t.second) << t.first;
-}
-
-// Each object's ObType is the code the class table gives its class name.
-TEST_F(ModelWorldTest, ClassTableEveryClassHasItsNameAndCode) {
+    // Each object's ObType is the code the class table gives its class name.
     for (DcICCPBase* object : std::initializer_list<DcICCPBase*>{
              new DcDAType, new DcDA, new DcDOType, new DcDO, new DcLD, new DcDTTP, new DcVCC,
              new ObICCP, new DcDataSet("DS", nullptr), new DcNextTransferSet}) {

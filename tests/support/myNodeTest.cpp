@@ -1,4 +1,3 @@
-// The tree of nodes: links, insertion at the front, search and removal.
 #include "support/myNode.h"
 #include "support/UStringList.h"
 
@@ -21,6 +20,13 @@ struct Tree {
     myNode* c1 = c->AddChild("c1", Obj(31));
     ~Tree() { root->DeleteSubTree(); }
 };
+
+std::string Texts(const StringList& list) {
+    std::string out;
+    for (int i = 0; i < list.Count; ++i)
+        out += (i ? "," : "") + list.Strings(i);
+    return out;
+}
 
 // Each sibling's links agree with its neighbours and its parent.
 void ExpectChain(myNode* parent, const std::vector<myNode*>& children) {
@@ -68,7 +74,6 @@ TEST(myNode, InsertionLinksSiblingsAtTheFrontAfterANodeAndAtTheEnd) {
     EXPECT_EQ(t.a->AddSibling(loose), 1);
     loose->Prev = nullptr;
     EXPECT_EQ(t.a->AddSibling(nullptr), 1);
-    EXPECT_EQ(last->Next, nullptr);
     EXPECT_EQ(t.a->AddSibling(loose), 0);
     EXPECT_EQ(t.b->AddSibling("y", Obj(9)), 0);
     ExpectChain(t.root, {first, t.a, mid, t.b, t.c, last, loose, loose->Next});
@@ -78,8 +83,23 @@ TEST(myNode, InsertionLinksSiblingsAtTheFrontAfterANodeAndAtTheEnd) {
     EXPECT_EQ(other->Parent, nullptr);
 }
 
-TEST(myNode, SearchByObjectNameAndLongName) {
+TEST(myNode, FullNameToListAndSearch) {
     Tree t;
+    EXPECT_EQ(t.a2->GetFullName(), "root$a$A2");
+    // The parent is taken from the first sibling of the chain.
+    t.a2->Parent = nullptr;
+    EXPECT_EQ(t.a2->GetFullName(), "root$a$A2");
+    t.a1->Parent = nullptr;
+    EXPECT_EQ(t.a2->GetFullName(), "A2");
+    t.a1->Parent = t.a2->Parent = t.a;
+    StringList list, fromChild;
+    t.root->ToList("pre", &list);
+    EXPECT_EQ(Texts(list), "pre$root,pre$root$a,pre$root$a$a1,pre$root$a$A2,pre$root$b,pre$root$c,"
+                           "pre$root$c$c1");
+    EXPECT_EQ(list.Objects(3), Obj(12));
+    t.b->ToList("", &fromChild);
+    EXPECT_EQ(Texts(fromChild), "$b,$c,$c$c1");
+
     // Objects: this node and following siblings, never children.
     EXPECT_EQ(t.a->FindNodeByObject(Obj(3)), t.c);
     EXPECT_EQ(t.b->FindNodeByObject(Obj(1)), nullptr);
@@ -102,29 +122,6 @@ TEST(myNode, SearchByObjectNameAndLongName) {
             << std::get<1>(r);
     t.a1->name = "b";
     EXPECT_EQ(t.a->FindNodeByName("B", 0), t.a1);
-}
-
-TEST(myNode, FullNameAndToList) {
-    Tree t;
-    EXPECT_EQ(t.a2->GetFullName(), "root$a$A2");
-    // The parent is taken from the first sibling of the chain.
-    t.a2->Parent = nullptr;
-    EXPECT_EQ(t.a2->GetFullName(), "root$a$A2");
-    t.a1->Parent = nullptr;
-    EXPECT_EQ(t.a2->GetFullName(), "A2");
-    t.a1->Parent = t.a2->Parent = t.a;
-    StringList list;
-    t.root->ToList("pre", &list);
-    std::string all;
-    for (int i = 0; i < list.Count; ++i)
-        all += list.Strings(i) + ",";
-    EXPECT_EQ(all, "pre$root,pre$root$a,pre$root$a$a1,pre$root$a$A2,pre$root$b,pre$root$c,"
-                   "pre$root$c$c1,");
-    EXPECT_EQ(list.Objects(3), Obj(12));
-    StringList fromChild;
-    t.b->ToList("", &fromChild);
-    ASSERT_EQ(fromChild.Count, 3);
-    EXPECT_EQ(fromChild.Strings(2), "$c$c1");
 }
 
 TEST(myNode, RemovalUnlinksAndReturnsTheNeighbour) {

@@ -1,5 +1,4 @@
-// The model world of the model, sets and XML tests: type tables, a small
-// template set, a VCC with one ICC, and readers of what the model reports.
+// The model world of the model, sets and XML tests.
 #pragma once
 
 #include <QStringList>
@@ -73,12 +72,10 @@ T* AddRaw(StringList& list, QObject* owner, const std::string& name, const std::
     return variable;
 }
 
-// Object i of the list as a T, or null.
 template <class T> T* At(const StringList& list, int i) {
     return qobject_cast<T*>(ListOb(list, i));
 }
 
-// The entry texts of a list, joined with ",".
 inline std::string Texts(const StringList& list) {
     std::string out;
     for (int i = 0; i < list.Count; ++i)
@@ -86,7 +83,6 @@ inline std::string Texts(const StringList& list) {
     return out;
 }
 
-// The names of the children of node, joined with ",".
 inline std::string ChildNames(myNode* node) {
     std::string names;
     for (myNode* child = node ? node->FirstChild : nullptr; child; child = child->Next)
@@ -119,7 +115,6 @@ struct LogRecorder {
     QStringList texts;
 };
 
-// Bytes of a file of the golden texts.
 inline std::string GoldenFile(const char* name) {
     return ReadWholeFile(QString(ICCP_GOLDEN_DIR "/") + name);
 }

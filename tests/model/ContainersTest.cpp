@@ -1,4 +1,3 @@
-// The VCC and its ICCs: readers, passes after loading, lookups and the tree.
 #include "common/ModelWorld.h"
 
 namespace {
@@ -35,8 +34,7 @@ TEST_F(ModelWorldTest, ReadersLogDuplicatesKeepThemAndLayOutRowsAndTree) {
                                       "error: VCC VCC_1 type is absent in Template U",
                                       "error: VCC VCC_1 duplicate variable ICC_1"}));
     EXPECT_EQ(ValueOf(At<DcDA>(vcc->Vars, 0)), "5");
-    // The VCC keeps one of two data sets, an ICC both; the second Next set
-    // is not made, and an attribute of no use is refused.
+    // VCC data sets: one of two kept, ICC's: both; one Next set only.
     DcLD* ld = At<DcLD>(vcc->ICCs, 0);
     ASSERT_NE(ld, nullptr);
     EXPECT_EQ(std::vector<int>({vcc->DataSets.Count, ld->DataSets.Count, ld->NextSets.Count}),
@@ -60,8 +58,7 @@ TEST_F(ModelWorldTest, ReadersLogDuplicatesKeepThemAndLayOutRowsAndTree) {
     EXPECT_EQ(index, 3);
     EXPECT_EQ(ld->FindInd("Nope", index), nullptr);
 
-    // Duplicates get a row each; the service variables stay in the list
-    // without rows, and an ICC without a Next set has no row for it.
+    // Duplicates get a row each, service variables and an absent Next set none.
     vcc->InitVar4DS();
     tree = new myNode(vcc->name, vcc);
     vcc->FillmyNode(tree);
@@ -90,7 +87,6 @@ TEST_F(ModelWorldTest, VccLookups) {
     DcDO* str = AddDO(icc->Vars, icc, "Str", "Data_RealQTimeTag");
     AddDataSet(vcc->DataSets, vcc, "DS");
     EXPECT_EQ(vcc->GetChildCount(), 3);
-    // The row after the variables reads the variables again.
     const DcICCPBase* rows[] = {nullptr, a, s, a, nullptr};
     for (int row = -1; row <= 3; ++row)
         EXPECT_EQ(vcc->GetChildById(row), rows[row + 1]) << row;
@@ -147,7 +143,7 @@ TEST_F(ModelWorldTest, SetReletionBindsEntriesAfterLoading) {
     EXPECT_EQ(entry(l, "ICC_1/Late"), nullptr);
 }
 
-TEST_F(ModelWorldTest, InitVar4DSAddsTheServiceVariablesOnce) {
+TEST_F(ModelWorldTest, InitVar4DSCorrectDSTSAndTheWritersPassOverEmptyEntries) {
     MakeModel();
     AddDA(icc->Vars, icc, "Event_Code_Detected", "INT32");
     for (int pass = 0; pass < 2; ++pass) {
@@ -172,10 +168,6 @@ TEST_F(ModelWorldTest, InitVar4DSAddsTheServiceVariablesOnce) {
         EXPECT_EQ(Texts(name->Members), "Scope,DomainName,Name");
         EXPECT_EQ(At<DcDA>(name->Members, 0)->type, scope.second);
     }
-}
-
-TEST_F(ModelWorldTest, CorrectDSTSAndTheWritersPassOverEmptyEntries) {
-    MakeModel();
     DcTransSet* target = AddTransSet("TrSet_1");
     DcTransSet source("TrSet_1", false, nullptr);
     ASSERT_EQ(source.PutVar("StartTime", "77"), 0);

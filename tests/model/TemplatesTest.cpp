@@ -1,5 +1,3 @@
-// The base type tables and the class table; the template set: reading,
-// duplicates, validation, expansion and ordering.
 #include <cstring>
 #include <tuple>
 
@@ -7,8 +5,7 @@
 
 TEST_F(ModelWorldTest, TypeAndClassTablesAreSortedAndFollowAliases) {
     auto row = [](const char* name) { return FindDAType2(DATypes, 0, DATypesCount - 1, name); };
-    // Each row: alias, base type, the row of the sorted table (not the id)
-    // when it is checked; DATA_TIMESTAMP takes two steps, through GMTBASEDS.
+    // Alias, base type, sorted row (-1: unchecked); DATA_TIMESTAMP takes two steps.
     const std::tuple<const char*, const char*, int> aliases[] = {{"BITSTRING5", "BITSTRING5", 2},
                                                                  {"DATA_STATE", "BITSTRING", -1},
                                                                  {"DATA_TIMESTAMP", "INT32", -1}};
@@ -32,7 +29,6 @@ TEST_F(ModelWorldTest, TypeAndClassTablesAreSortedAndFollowAliases) {
         EXPECT_EQ(FindSecond(SecTypesA[i].alias, target, 0, SecTypesCount - 1), i);
         EXPECT_STREQ(target, SecTypesA[i].target);
     }
-    // Names before, between and after the rows.
     for (const char* missing : {"A", "BOOLEAN", "ZZZ"})
         EXPECT_EQ(FindDAType(DATypes, 0, DATypesCount - 1, missing), -1) << missing;
     char target[32] = "unchanged";
@@ -41,7 +37,6 @@ TEST_F(ModelWorldTest, TypeAndClassTablesAreSortedAndFollowAliases) {
     const std::pair<const char*, int> types[] = {{"BOOL", 1}, {"FLOAT32", 4}, {"bool", 0}};
     for (const auto& t : types)
         EXPECT_EQ(GetType(t.first), t.second) << t.first;
-    // Each object's ObType is the code the class table gives its class name.
     for (DcICCPBase* object : std::initializer_list<DcICCPBase*>{
              new DcDAType, new DcDA, new DcDOType, new DcDO, new DcLD, new DcDTTP, new DcVCC,
              new ObICCP, new DcDataSet("DS", nullptr), new DcNextTransferSet}) {
@@ -54,7 +49,7 @@ TEST_F(ModelWorldTest, TypeAndClassTablesAreSortedAndFollowAliases) {
     EXPECT_EQ(TabDcObCode("DcNothing"), -1);
 }
 
-TEST_F(ModelWorldTest, TemplatesReaderKeepsTheFirstOfDuplicatesAndTheFirstTemplateSet) {
+TEST_F(ModelWorldTest, TemplatesReaderKeepsFirstsAndValidVarStopsAtTheFirstInvalid) {
     ClearModel(tree); // no template set
     XmlText xml("<DcTemplate><DcDAType type=\"INT16\" value=\"1\"/><DcDOType type=\"Pair\"/>"
                 "<DcDAType type=\"INT16\" value=\"2\"/><DcDOType type=\"Pair\" defname=\"second\"/>"
@@ -91,9 +86,6 @@ TEST_F(ModelWorldTest, TemplatesReaderKeepsTheFirstOfDuplicatesAndTheFirstTempla
     DcDOType type;
     EXPECT_EQ(type.DecodeElement(alone.Root()->FirstChild(), "DcDA"), 3);
     EXPECT_EQ(type.Members.Count, 0);
-}
-
-TEST_F(ModelWorldTest, ValidVarStopsAtTheFirstInvalidStructure) {
     delete pDcDTTP;
     ASSERT_NE(ReadTypes("<DcTemplate><DcDAType type=\"INT16\"/><DcDAType type=\"INT32\"/>"
                         "<DcDOType type=\"A\"><DcDA name=\"v\" type=\"INT16\"/></DcDOType>"
@@ -107,22 +99,22 @@ TEST_F(ModelWorldTest, ValidVarStopsAtTheFirstInvalidStructure) {
     pDcDTTP->Types.Delete(0);
     auto* a = qobject_cast<DcDOType*>(pDcDTTP->FindType("A"));
     auto* c = qobject_cast<DcDOType*>(pDcDTTP->FindType("C"));
-    LogRecorder log;
+    LogRecorder validLog;
     for (const char* name : {"A", "B", "C"})
-        log.Listen(pDcDTTP->FindType(name));
+        validLog.Listen(pDcDTTP->FindType(name));
     EXPECT_FALSE(pDcDTTP->ValidVar());
-    EXPECT_EQ(log.texts, QStringList({"error: DOType A(include DA )is absent in List"}));
+    EXPECT_EQ(validLog.texts, QStringList({"error: DOType A(include DA )is absent in List"}));
     EXPECT_EQ(std::vector<int>({a->Valid, c->Valid}), std::vector<int>({0, 1})); // C not reached
     // C on its own reports every member.
-    log.texts.clear();
+    validLog.texts.clear();
     EXPECT_FALSE(c->GetValid());
-    EXPECT_EQ(log.texts, QStringList({"error: DOType C(include DA )is absent in List",
-                                      "error: DOType C(include DA )is absent in List"}));
+    EXPECT_EQ(validLog.texts, QStringList({"error: DOType C(include DA )is absent in List",
+                                           "error: DOType C(include DA )is absent in List"}));
     delete int16;
     EXPECT_TRUE(DcDTTP().ValidVar());
 }
 
-TEST_F(ModelWorldTest, StructuredTemplateReportsAnInvalidStructureMember) {
+TEST_F(ModelWorldTest, InvalidStructureMemberAndExpansionEndsAtUnknownOrSelfContainingOne) {
     XmlText xml("<DcDOType type=\"Outer\">"
                 "<DcDO name=\"S\" type=\"Data_RealQ\"><DcDA name=\"x\" type=\"Nope\"/></DcDO>"
                 "</DcDOType>");
@@ -143,14 +135,11 @@ TEST_F(ModelWorldTest, StructuredTemplateReportsAnInvalidStructureMember) {
     pDcDTTP = nullptr;
     EXPECT_TRUE(outer.GetValid() && outer.Valid == 1);
     pDcDTTP = kept;
-}
-
-TEST_F(ModelWorldTest, ExpansionEndsAtAnUnknownOrSelfContainingStructure) {
-    XmlText xml("<DcDOType type=\"T\"><DcDA name=\"a\" type=\"INT16\"/>"
-                "<DcDO name=\"s\" type=\"Unknown\"/><DcDA name=\"b\" type=\"INT16\"/>"
-                "</DcDOType>");
+    XmlText partialText("<DcDOType type=\"T\"><DcDA name=\"a\" type=\"INT16\"/>"
+                        "<DcDO name=\"s\" type=\"Unknown\"/><DcDA name=\"b\" type=\"INT16\"/>"
+                        "</DcDOType>");
     DcDOType partial;
-    partial.DecodeXML(xml.Root());
+    partial.DecodeXML(partialText.Root());
     ASSERT_EQ(partial.Members.Count, 3);
     myNode other("root");
     partial.GetFullContDesc(&other);

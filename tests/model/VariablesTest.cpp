@@ -1,4 +1,3 @@
-// Variables: values, names, paths, birth, validation, removal and attributes.
 #include <tuple>
 
 #include "common/ModelWorld.h"
@@ -42,7 +41,7 @@ TEST_F(ModelWorldTest, VariablesTakeTheTemplateAndAnswerByFullNameAndPath) {
         EXPECT_FALSE(r->IsValidFName(bad)) << bad;
 }
 
-TEST_F(ModelWorldTest, FindDOwZeroGivesEmptyStructuresTheirMembers) {
+TEST_F(ModelWorldTest, FindDOwZeroAndCreateDcDAMakeMembers) {
     MakeModel();
     XmlText xml("<DcDO name=\"R\" type=\"Data_RealQTimeTag\"/>");
     DcDO* r = new DcDO(vcc);
@@ -72,11 +71,7 @@ TEST_F(ModelWorldTest, FindDOwZeroGivesEmptyStructuresTheirMembers) {
     EXPECT_EQ(std::vector<int>({mixed->Members.Count, empty->Members.Count, unknown->Members.Count,
                                 r->Members.Count}),
               std::vector<int>({3, 2, 0, 2}));
-}
-
-TEST_F(ModelWorldTest, CreateDcDAFindsOrMakesAMember) {
     DcDO structure;
-    // Each row: type, name, value, the index returned.
     const std::tuple<const char*, const char*, const char*, int> rows[] = {
         {"INT16", "A", "5", 0},
         {"INT16", "B", "6", 1},
@@ -162,7 +157,7 @@ TEST_F(ModelWorldTest, GetValidAndDestroyingVariablesWithAndWithoutNeedemit) {
     needemit = false;
 }
 
-TEST_F(ModelWorldTest, AttributesOfADcDA) {
+TEST_F(ModelWorldTest, AttributesSetbTypeListAndRunTimeReferencesOfADcDA) {
     MakeModel();
     XmlText attrs("<DcDA name = \"A\" svalue = \"5\" ByteCount=\"4\"/>");
     DcDA a(vcc);
@@ -196,30 +191,26 @@ TEST_F(ModelWorldTest, AttributesOfADcDA) {
     m->Value->SetFromstring("-1");
     EXPECT_TRUE(m->ToXML(0).contains("desc = \"a \"q\" & <t>\" svalue = \"65535\""));
     EXPECT_EQ(m->svalue, "65535");
-}
-
-TEST_F(ModelWorldTest, SetbTypeListAndRunTimeReferences) {
-    MakeModel();
-    DcDA* a = AddDA(vcc->Vars, vcc, "A", "INT32");
+    DcDA* wide = AddDA(vcc->Vars, vcc, "A", "INT32");
     DcDA* value = At<DcDA>(AddDO(vcc->Vars, vcc, "S")->Members, 0);
-    a->Value->bType = -1;
+    wide->Value->bType = -1;
     value->Value->bType = -1;
     SetbTypeList(&vcc->Vars);
-    EXPECT_EQ(a->Value->bType, 3);
+    EXPECT_EQ(wide->Value->bType, 3);
     EXPECT_EQ(value->Value->bType, 8);
     SetbTypeList(nullptr);
     DcDataSet* vccSet = AddDataSet(vcc->DataSets, vcc, "DS");
     DcDataSet* iccSet = AddDataSet(icc->DataSets, icc, "DS2");
     vccSet->RtBits = new qolBitSet(8);
     iccSet->RtBits = new qolBitSet(8);
-    DcDA da(vcc);
-    da.ParseRefRT("");
-    da.ParseRefRT("DS,2;ICC_1/DS2,1;Nope,3;ICC_9/DS2,5;ICC_1/Nope,6;");
-    da.ParseRefRT(";DS,5;"); // the walk ends at an empty entry
+    DcDA reader(vcc);
+    reader.ParseRefRT("");
+    reader.ParseRefRT("DS,2;ICC_1/DS2,1;Nope,3;ICC_9/DS2,5;ICC_1/Nope,6;");
+    reader.ParseRefRT(";DS,5;"); // the walk ends at an empty entry
     EXPECT_EQ(vccSet->RtBits->BufToStr(), "00100000");
     EXPECT_EQ(iccSet->RtBits->BufToStr(), "01000000");
-    da.refDSRT = "DS,3;ICC_1/DS2,4;ICC_1/DS2;";
-    SetBitDatSet(&da);
+    reader.refDSRT = "DS,3;ICC_1/DS2,4;ICC_1/DS2;";
+    SetBitDatSet(&reader);
     EXPECT_EQ(iccSet->RtBits->BufToStr(), "01001000");
     DcDA outside;
     outside.refDSRT = "ICC_1/DS2,7;";

@@ -1,4 +1,3 @@
-// Data sets, transfer sets and the Next transfer set in a VCC with one ICC.
 #include <array>
 
 #include "common/ModelWorld.h"
@@ -44,7 +43,7 @@ void SetParts(DcTransSet* set, const char* scope, const char* domain, const char
 
 } // namespace
 
-TEST_F(SetsTest, NewDataSetHoldsTheStandardFieldsAndTakesItsScopeFromTheOwner) {
+TEST_F(SetsTest, NewDataSetHoldsTheStandardFieldsAndAddObRefPutsMembersInFront) {
     AddDA(vcc->Vars, vcc, "Transfer_Set_Name");
     DcDataSet* set = AddDataSet(vcc->DataSets, vcc, "DataSet_1");
     EXPECT_EQ(vcc->Vars.Count, 0);
@@ -57,36 +56,32 @@ TEST_F(SetsTest, NewDataSetHoldsTheStandardFieldsAndTakesItsScopeFromTheOwner) {
     EXPECT_TRUE(inIcc->SetAttFromStr("name", "DS_9") && !inIcc->SetAttFromStr("Scope", "0"));
     EXPECT_EQ(inIcc->FullName, "ICC_1/DS_9");
     EXPECT_EQ(inIcc->Scope, 1);
-    // An ICC's set made with the VCC as parent knows no ICC; one without a
-    // parent has no fields at all.
+    // With the VCC as parent no ICC is named; without a parent no fields.
     EXPECT_EQ(AddDataSet(icc->DataSets, vcc, "DS_2")->GetRefNameDS().toStdString(), "DS_2;");
     EXPECT_EQ(DcDataSet("Lone", nullptr).Elems.Count, 0);
-}
-
-TEST_F(SetsTest, AddObRefPutsNewMembersInFrontAndRenewsKnownOnes) {
-    DcDataSet* set = AddDataSet(icc->DataSets, icc, "DS_1");
+    DcDataSet* refs = AddDataSet(icc->DataSets, icc, "DS_1");
     DcDA* a = AddDA(icc->Vars, icc, "A");
     DcDA* b = AddDA(icc->Vars, icc, "B");
-    EXPECT_EQ(set->AddObRef(a), 1);
-    set->AddObRef(b);
+    EXPECT_EQ(refs->AddObRef(a), 1);
+    refs->AddObRef(b);
     DcDA* otherA = AddDA(vcc->Vars, vcc, "A");
-    EXPECT_EQ(set->AddObRef(otherA), 1);
-    EXPECT_EQ(Texts(set->Elems), "ICC_1/B,ICC_1/A," + kStd);
-    EXPECT_EQ(Entry(set, 1), otherA);
+    EXPECT_EQ(refs->AddObRef(otherA), 1);
+    EXPECT_EQ(Texts(refs->Elems), "ICC_1/B,ICC_1/A," + kStd);
+    EXPECT_EQ(Entry(refs, 1), otherA);
     std::string member = "ICC_1/X$Value";
-    EXPECT_EQ(set->IdxObbyName(member), -1);
+    EXPECT_EQ(refs->IdxObbyName(member), -1);
     EXPECT_EQ(member, "ICC_1/X");
-    set->RemoveRef(b);
-    EXPECT_EQ(Texts(set->Elems), "ICC_1/A," + kStd);
-    set->ClearRealVar();
-    EXPECT_EQ(Texts(set->Elems), kStd);
+    refs->RemoveRef(b);
+    EXPECT_EQ(Texts(refs->Elems), "ICC_1/A," + kStd);
+    refs->ClearRealVar();
+    EXPECT_EQ(Texts(refs->Elems), kStd);
     // In VCC scope the key is the bare name.
     DcDataSet* vccSet = AddDataSet(vcc->DataSets, vcc, "DS_V");
     vccSet->AddObRef(a);
     EXPECT_EQ(vccSet->Elems.Strings(0), "A");
 }
 
-TEST_F(SetsTest, ReadEntriesBindToVariablesAndLeaveRunTimeReferences) {
+TEST_F(SetsTest, ReadEntriesBindAndUpdRefObsRewritesKeys) {
     DcDA* a = AddDA(icc->Vars, icc, "A");
     DcDA* b = AddDA(icc->Vars, icc, "B");
     DcDA* v = AddDA(vcc->Vars, vcc, "V");
@@ -106,8 +101,7 @@ TEST_F(SetsTest, ReadEntriesBindToVariablesAndLeaveRunTimeReferences) {
     set->BindObDs();
     EXPECT_EQ(Ref(b), "ICC_1/DS_1,0;");
 
-    // A VCC set binds without references; each BindObDs appends one, except
-    // to a service variable.
+    // Each BindObDs appends a reference, except to a service variable.
     DcDataSet* vccSet = AddDataSet(vcc->DataSets, vcc, "DS_V");
     for (const char* n : {"S", "V"})
         vccSet->Elems.InsertObject(0, n, nullptr);
@@ -117,36 +111,34 @@ TEST_F(SetsTest, ReadEntriesBindToVariablesAndLeaveRunTimeReferences) {
     vccSet->BindObDs();
     vccSet->BindObDs();
     EXPECT_EQ(Ref(v) + "|" + Ref(static_cast<DcDA*>(Entry(vccSet, 1))), "DS_V,0;DS_V,0;|");
-}
-
-TEST_F(SetsTest, UpdRefObsRewritesKeysAndPrefixesTheStandardFieldsOfAnICCSet) {
-    DcDA* a = AddDA(icc->Vars, icc, "A");
-    DcDataSet* set = AddDataSet(icc->DataSets, icc, "DS_1");
-    set->AddObRef(a);
-    a->name = "A2";
-    set->UpdRefObs();
-    EXPECT_EQ(Texts(set->Elems), "ICC_1/A2,ICC_1/DSConditions_Detected,ICC_1/Event_Code_Detected,"
-                                 "ICC_1/Transfer_Set_Time_Stamp,ICC_1/Transfer_Set_Name");
+    DcDA* a2var = AddDA(icc->Vars, icc, "A");
+    DcDataSet* renamed = AddDataSet(icc->DataSets, icc, "DS_1");
+    renamed->AddObRef(a2var);
+    a2var->name = "A2";
+    renamed->UpdRefObs();
+    EXPECT_EQ(Texts(renamed->Elems),
+              "ICC_1/A2,ICC_1/DSConditions_Detected,ICC_1/Event_Code_Detected,"
+              "ICC_1/Transfer_Set_Time_Stamp,ICC_1/Transfer_Set_Name");
     // Prefixed, the standard fields are written like any other entry.
-    EXPECT_TRUE(set->ToXML(0).contains("<ElemDS name=\"ICC_1/Transfer_Set_Name\" />"));
+    EXPECT_TRUE(renamed->ToXML(0).contains("<ElemDS name=\"ICC_1/Transfer_Set_Name\" />"));
 
     // Outside an ICC a text stays; an entry without object is passed over.
-    DcDataSet* vccSet = AddDataSet(vcc->DataSets, vcc, "DS_V");
-    DcDA* v = AddDA(vcc->Vars, vcc, "V");
-    vccSet->AddObRef(v);
-    vccSet->Elems.InsertObject(0, "Ghost", nullptr);
-    v->name = "V2";
-    vccSet->UpdRefObs();
-    EXPECT_EQ(Texts(vccSet->Elems), "Ghost,V," + kStd);
+    DcDataSet* vccRenamed = AddDataSet(vcc->DataSets, vcc, "DS_V");
+    DcDA* v2 = AddDA(vcc->Vars, vcc, "V");
+    vccRenamed->AddObRef(v2);
+    vccRenamed->Elems.InsertObject(0, "Ghost", nullptr);
+    v2->name = "V2";
+    vccRenamed->UpdRefObs();
+    EXPECT_EQ(Texts(vccRenamed->Elems), "Ghost,V," + kStd);
 
-    set->OnChangeNameOwn("ICC_9");
-    EXPECT_EQ(set->FullName, "ICC_1/DS_1");
-    EXPECT_EQ(set->Elems.Strings(0), "ICC_1/A2");
-    set->AddObRef(AddDA(icc->Vars, icc, "B"));
-    EXPECT_EQ(set->Elems.Strings(0), "ICC_9/B");
+    renamed->OnChangeNameOwn("ICC_9");
+    EXPECT_EQ(renamed->FullName, "ICC_1/DS_1");
+    EXPECT_EQ(renamed->Elems.Strings(0), "ICC_1/A2");
+    renamed->AddObRef(AddDA(icc->Vars, icc, "B"));
+    EXPECT_EQ(renamed->Elems.Strings(0), "ICC_9/B");
 }
 
-TEST_F(SetsTest, DataSetAssignSelfCopiesTheLeafStandardFieldsOnly) {
+TEST_F(SetsTest, DataSetAssignSelfAndTransSetConstructors) {
     DcDataSet* source = AddDataSet(vcc->DataSets, vcc, "DS_1");
     DcDataSet* target = AddDataSet(icc->DataSets, icc, "DS_2");
     DcDA* code = static_cast<DcDA*>(source->SelfList.Objects(1));
@@ -161,9 +153,6 @@ TEST_F(SetsTest, DataSetAssignSelfCopiesTheLeafStandardFieldsOnly) {
     empty.AssignSelf(source);
     target->AssignSelf(&empty);
     target->AssignSelf(nullptr);
-}
-
-TEST_F(SetsTest, TransSetConstructorsMakeTheMembersOrOnlyDataSetName) {
     DcTransSet* set = AddTransSet("TrSet_1");
     EXPECT_EQ(Texts(set->Members), kMembers);
     ASSERT_NE(set->DataSetName, nullptr);
@@ -191,7 +180,7 @@ TEST_F(SetsTest, TransSetConstructorsMakeTheMembersOrOnlyDataSetName) {
     EXPECT_FALSE(partial->SetAttFromStr("DSConditionRequested", "10100"));
 }
 
-TEST_F(SetsTest, AttributeFormTakesDSConditionsRequestedForTheEventCode) {
+TEST_F(SetsTest, TransSetReadFromAttributesAndChildElements) {
     DcTransSet* set = ReadInto(AddTransSet(""),
                                "<DcTransSet name=\"TrSet_1\" StartTime=\"12\" TLE=\"4\" "
                                "DSConditionsRequested=\"7\" BlockData=\"true\" Critical=\"y\"/>");
@@ -205,8 +194,7 @@ TEST_F(SetsTest, AttributeFormTakesDSConditionsRequestedForTheEventCode) {
     RakeTrans(tsBase.Document());
     ASSERT_NE(pTrans, nullptr);
     EXPECT_EQ(pTrans->DSDomain + "," + pTrans->DSConditionText, "domain,00100");
-    // The name without "s" is one member more; the parts of the name are
-    // listed beside those of InitVar.
+    // The name without "s" is a member more; the name's parts are listed twice.
     EXPECT_EQ(Texts(pTrans->Members), kMembers + ",DSConditionRequested");
     EXPECT_EQ(Texts(pTrans->DataSetName->Members), "Scope,DomainName,Name,Scope,DomainName,Name");
     delete pTrans;
@@ -215,18 +203,14 @@ TEST_F(SetsTest, AttributeFormTakesDSConditionsRequestedForTheEventCode) {
     EXPECT_EQ(pTrans->name, "one");
     delete pTrans;
     pTrans = nullptr;
-}
-
-TEST_F(SetsTest, ChildElementsTakeThePlaceOfMembersOfTheSameName) {
-    DcTransSet* set = ReadInto(AddTransSet(""),
-                               "<DcTransSet><DcDA name=\"StartTime\" type=\"INT32\" svalue=\"42\"/>"
-                               "<DcDO name=\"DataSetName\"><DcDA name=\"Name\" "
-                               "type=\"VISIBLE_STRING32\" svalue=\"DS_1\"/></DcDO>"
-                               "<DcDA name=\"Extra\" type=\"INT16\"/></DcTransSet>");
-    EXPECT_EQ(Texts(set->Members), kMembers + ",Extra");
-    EXPECT_EQ(Var(set, {"StartTime", "DataSetName$Name"}), "42,DS_1");
-    // A leaf read as DataSetName, or a structure read under a part's name,
-    // leaves nothing dangling and no structure listing itself.
+    DcTransSet* children = ReadInto(
+        AddTransSet(""), "<DcTransSet><DcDA name=\"StartTime\" type=\"INT32\" svalue=\"42\"/>"
+                         "<DcDO name=\"DataSetName\"><DcDA name=\"Name\" "
+                         "type=\"VISIBLE_STRING32\" svalue=\"DS_1\"/></DcDO>"
+                         "<DcDA name=\"Extra\" type=\"INT16\"/></DcTransSet>");
+    EXPECT_EQ(Texts(children->Members), kMembers + ",Extra");
+    EXPECT_EQ(Var(children, {"StartTime", "DataSetName$Name"}), "42,DS_1");
+    // A leaf DataSetName or a structure named as a part leave nothing dangling.
     DcTransSet* leaf = ReadInto(AddTransSet(""), "<DcTransSet><DcDA name=\"DataSetName\"/>"
                                                  "<DcDO name=\"Scope\"/></DcTransSet>");
     DcDO* scope = leaf->DataSetName;
@@ -238,11 +222,11 @@ TEST_F(SetsTest, ChildElementsTakeThePlaceOfMembersOfTheSameName) {
     EXPECT_EQ(noName->DataSetName, nullptr);
     noName->ResetDataSetName();
     noName->GetVarFromDA();
-    set->AssignSelf(noName);
+    children->AssignSelf(noName);
     EXPECT_FALSE(CheckValidTrset(noName, 1));
 }
 
-TEST_F(SetsTest, DataSetNamePartsAreWrittenAndReadBackIntoTheFields) {
+TEST_F(SetsTest, DataSetNamePartsReadBackAndCheckValidTrset) {
     DcDataSet* dataSet = AddDataSet(icc->DataSets, icc, "DS_1");
     DcTransSet* set = AddTransSet("TrSet_1");
     set->ResetDataSetName();
@@ -255,8 +239,7 @@ TEST_F(SetsTest, DataSetNamePartsAreWrittenAndReadBackIntoTheFields) {
     set->DSDomain = "old";
     set->GetVarFromDA();
     EXPECT_TRUE(set->Interval == 7 && set->Status && set->RefDS == dataSet);
-    // The domain and the conditions are read under names that no member of
-    // InitVar has.
+    // Domain and conditions are read under names no member has.
     EXPECT_EQ(set->DSName + "," + set->DSDomain, "DS_1,");
     EXPECT_EQ(set->DSConditions.GetOneCount(), 0);
     set->SetAttFromStr("DSConditionRequested", "10100");
@@ -265,28 +248,25 @@ TEST_F(SetsTest, DataSetNamePartsAreWrittenAndReadBackIntoTheFields) {
     EXPECT_EQ(set->DSConditions.BufToStr().substr(0, 3), "101");
     EXPECT_EQ(set->RefDS, nullptr);
 
-    // AssignSelf copies member values by index; a bare set has no members to take them.
+    // AssignSelf copies member values by index.
     DcTransSet* copy = AddTransSet("TrSet_2");
     copy->AssignSelf(set);
     EXPECT_EQ(Var(copy, {"Interval", "DataSetName$Name"}), "7,DS_X");
     DcTransSet bare("", true, nullptr);
     bare.AssignSelf(set);
     EXPECT_EQ(Texts(bare.Members), "DataSetName");
-}
-
-TEST_F(SetsTest, CheckValidTrsetTestsDomainScopeAndDataSetThenStatusAgainstMode) {
     AddDataSet(icc->DataSets, icc, "DS_1");
-    DcTransSet* set = AddTransSet("TrSet_1");
-    SetParts(set, "1", "ICC_1", "DS_1");
-    set->PutVar("Status", "false");
-    EXPECT_TRUE(CheckValidTrset(set, 1) && !CheckValidTrset(set, 0));
-    set->PutVar("Status", "true");
-    EXPECT_TRUE(CheckValidTrset(set, 0));
+    DcTransSet* checked = AddTransSet("TrSet_1");
+    SetParts(checked, "1", "ICC_1", "DS_1");
+    checked->PutVar("Status", "false");
+    EXPECT_TRUE(CheckValidTrset(checked, 1) && !CheckValidTrset(checked, 0));
+    checked->PutVar("Status", "true");
+    EXPECT_TRUE(CheckValidTrset(checked, 0));
     for (const auto& parts : {std::array<const char*, 3>{"1", "ICC_2", "DS_1"},
                               std::array<const char*, 3>{"0", "ICC_1", "DS_1"},
                               std::array<const char*, 3>{"1", "ICC_1", "DS_9"}}) {
-        SetParts(set, parts[0], parts[1], parts[2]);
-        EXPECT_FALSE(CheckValidTrset(set, 0) || CheckValidTrset(set, 1)) << parts[1];
+        SetParts(checked, parts[0], parts[1], parts[2]);
+        EXPECT_FALSE(CheckValidTrset(checked, 0) || CheckValidTrset(checked, 1)) << parts[1];
     }
     // Outside an ICC the VCC's data sets count, and pVCC becomes that VCC.
     AddDataSet(vcc->DataSets, vcc, "DS_V");

@@ -21,7 +21,7 @@ std::vector<int> Bytes(const MyBufValue& v, size_t n) {
 
 } // namespace
 
-TEST(MyBufValue, TextsInAndOutByType) {
+TEST(MyBufValue, TextsInAndOutAssignFromBufAndBits) {
     // Without a buffer or a known type no text is taken.
     MyBufValue v;
     EXPECT_EQ(v.SetFromstring("true"), -1);
@@ -89,8 +89,7 @@ TEST(MyBufValue, TextsInAndOutByType) {
     // 31 characters are not below Capacity - 1.
     EXPECT_EQ(s.SetFromstring(std::string(31, 'r')), -1);
     EXPECT_EQ(s.Tostring(), "xbc");
-    // A text reaching Len starts from a cleared buffer and sets Len; only
-    // Len bytes are read.
+    // A text reaching Len clears the buffer first and sets Len; Len bytes are read.
     s.Len = 4;
     s.SetFromstring("hello");
     EXPECT_EQ(s.Len, 6);
@@ -98,9 +97,6 @@ TEST(MyBufValue, TextsInAndOutByType) {
     EXPECT_EQ(s.Tostring(), "hillo");
     s.Len = 3;
     EXPECT_EQ(s.Tostring(), "hil");
-}
-
-TEST(MyBufValue, AssignFromBufAndBits) {
     MyBufValue src;
     Type(src, 13, 1, 3);
     src.SetFromstring("10100");
@@ -120,22 +116,22 @@ TEST(MyBufValue, AssignFromBufAndBits) {
     EXPECT_EQ(dst.Buf, nullptr);
     EXPECT_EQ(dst.bType, 2);
 
-    MyBufValue v;
+    MyBufValue raw;
     const unsigned char bytes[3] = {0x81, 0x00, 0x7F};
-    v.FromBuf(bytes, 0);
-    EXPECT_EQ(v.Buf, nullptr);
-    v.FromBuf(bytes, 3);
-    EXPECT_EQ(v.Len, 3);
+    raw.FromBuf(bytes, 0);
+    EXPECT_EQ(raw.Buf, nullptr);
+    raw.FromBuf(bytes, 3);
+    EXPECT_EQ(raw.Len, 3);
     const int bits[][2] = {{0, 1}, {8, 0}, {17, 1}, {24, 0}, {-1, 0}};
     for (const auto& b : bits)
-        EXPECT_EQ(v.GetBit(b[0]), b[1]) << b[0];
-    EXPECT_EQ(v.SetBit(8, 1), 1);
-    EXPECT_EQ(v.SetBit(0, 0), 1);
-    EXPECT_EQ(Bytes(v, 2), std::vector<int>({0x01, 0x80}));
-    EXPECT_EQ(v.SetBit(24, 1), 0);
+        EXPECT_EQ(raw.GetBit(b[0]), b[1]) << b[0];
+    EXPECT_EQ(raw.SetBit(8, 1), 1);
+    EXPECT_EQ(raw.SetBit(0, 0), 1);
+    EXPECT_EQ(Bytes(raw, 2), std::vector<int>({0x01, 0x80}));
+    EXPECT_EQ(raw.SetBit(24, 1), 0);
 }
 
-TEST(qolBitSet, SizesLimitsSearchAndExport) {
+TEST(qolBitSet, SizesLimitsSearchExportResizeAndCombine) {
     EXPECT_EQ(qolBitSet(0).ByteLen, 1);
     EXPECT_EQ(qolBitSet(0).SetBit(0), -1);
     EXPECT_EQ(qolBitSet(17).ByteLen, 3);
@@ -158,24 +154,21 @@ TEST(qolBitSet, SizesLimitsSearchAndExport) {
     mms.FromBufMMS(raw, 2, 3);
     EXPECT_EQ(mms.BufToStr(), "1010010111110");
     EXPECT_EQ(mms.ToUchar(), 0xA5);
-}
-
-TEST(qolBitSet, ResizeAndCombine) {
-    qolBitSet b(8);
-    b.SetAll();
-    b.Add(3);
-    EXPECT_EQ(b.BufToStr(), "11111111000");
-    b.Add(0);
-    b.Delete();
-    b.Delete();
-    b.SetBit(8);
-    b.Delete(); // back to a multiple of 8: the last byte goes
-    EXPECT_EQ(b.ByteLen, 1);
-    b.Add(1); // the bit comes back cleared
-    EXPECT_EQ(b.GetIdx(8), 0);
-    EXPECT_EQ(b.REALLOCBUF(0), -1);
-    EXPECT_EQ(b.REALLOCBUF(4), 0);
-    EXPECT_EQ(b.Buf[0], 0);
+    qolBitSet grown(8);
+    grown.SetAll();
+    grown.Add(3);
+    EXPECT_EQ(grown.BufToStr(), "11111111000");
+    grown.Add(0);
+    grown.Delete();
+    grown.Delete();
+    grown.SetBit(8);
+    grown.Delete(); // back to a multiple of 8: the last byte goes
+    EXPECT_EQ(grown.ByteLen, 1);
+    grown.Add(1); // the bit comes back cleared
+    EXPECT_EQ(grown.GetIdx(8), 0);
+    EXPECT_EQ(grown.REALLOCBUF(0), -1);
+    EXPECT_EQ(grown.REALLOCBUF(4), 0);
+    EXPECT_EQ(grown.Buf[0], 0);
 
     qolBitSet x(4), y(4), z(5);
     x.SetBit(0);

@@ -100,8 +100,7 @@ TEST(StringList, LimitsSizesAndInsertionAtTheFront) {
     EXPECT_EQ(sorted.Objects(0), nullptr);
 }
 
-// Random sequences of every change against a plain vector, with many
-// duplicates; Array, Ref and IndexOf are checked after each step.
+// Random changes against a vector; Array, Ref and IndexOf checked after each.
 TEST(StringList, RandomSequencesMatchAModelThenFreeFunctionsListAndRegistry) {
     std::mt19937 rng(20240611);
     for (int round = 0; round < 40; ++round) {
@@ -172,7 +171,6 @@ TEST(StringList, RandomSequencesMatchAModelThenFreeFunctionsListAndRegistry) {
     delete made;
     List list;
     int items[120];
-    // Added out of address order.
     for (int i = 0; i < 120; ++i)
         EXPECT_EQ(list.Add(&items[(i * 37) % 120]), i);
     EXPECT_EQ(list.IndexOf(&items[(119 * 37) % 120]), 119);
@@ -190,8 +188,7 @@ TEST(StringList, RandomSequencesMatchAModelThenFreeFunctionsListAndRegistry) {
     EXPECT_EQ(list.Count, 119);
     list.Clear();
     EXPECT_EQ(list.Capacity, 50);
-    // Sort compares slots, not pointers: the order stays; then Delete in
-    // sorted mode only lowers the count.
+    // Sort compares slots, not pointers; Delete in sorted mode only lowers the count.
     List small;
     for (int i : {5, 1, 3})
         small.Add(&items[i]);
@@ -207,8 +204,7 @@ TEST(StringList, RandomSequencesMatchAModelThenFreeFunctionsListAndRegistry) {
     EXPECT_EQ(registry.AddObj("b", &b), 2);
     EXPECT_EQ(registry.AddObj("a", &b), -1);
     EXPECT_EQ(registry.FindActByName("a"), &a);
-    // A name held with a null object does not block a new entry, but the
-    // first entry still answers.
+    // A null object does not block the name, but its entry still answers.
     EXPECT_EQ(registry.AddObj("n", nullptr), 3);
     EXPECT_EQ(registry.AddObj("n", &a), 4);
     EXPECT_EQ(registry.FindActByName("n"), nullptr);

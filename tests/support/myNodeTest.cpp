@@ -41,7 +41,7 @@ void ExpectChain(myNode* parent, const std::vector<myNode*>& children) {
 
 } // namespace
 
-TEST(myNode, InsertionLinksSiblingsAtTheFrontAfterANodeAndAtTheEnd) {
+TEST(myNode, InsertionFullNameToListAndSearch) {
     Tree t;
     ExpectChain(t.a, {t.a1, t.a2});
     EXPECT_EQ(t.root->GetChildById(1), t.b);
@@ -64,8 +64,7 @@ TEST(myNode, InsertionLinksSiblingsAtTheFrontAfterANodeAndAtTheEnd) {
     myNode* fresh = t.a->AddUniqueChild("a3", Obj(13));
     ExpectChain(t.a, {t.a1, t.a2, fresh});
 
-    // AddSibling refuses linked nodes; accepted, it goes after the last
-    // sibling and takes its Parent, which a root's sibling has not.
+    // AddSibling refuses linked nodes, else appends and takes the chain's Parent.
     myNode* loose = new myNode("x");
     loose->Parent = t.root;
     EXPECT_EQ(t.a->AddSibling(loose), 1);
@@ -81,47 +80,44 @@ TEST(myNode, InsertionLinksSiblingsAtTheFrontAfterANodeAndAtTheEnd) {
     myNode* other = new myNode("other");
     EXPECT_EQ(t.root->AddSibling(other), 0);
     EXPECT_EQ(other->Parent, nullptr);
-}
-
-TEST(myNode, FullNameToListAndSearch) {
-    Tree t;
-    EXPECT_EQ(t.a2->GetFullName(), "root$a$A2");
+    Tree u;
+    EXPECT_EQ(u.a2->GetFullName(), "root$a$A2");
     // The parent is taken from the first sibling of the chain.
-    t.a2->Parent = nullptr;
-    EXPECT_EQ(t.a2->GetFullName(), "root$a$A2");
-    t.a1->Parent = nullptr;
-    EXPECT_EQ(t.a2->GetFullName(), "A2");
-    t.a1->Parent = t.a2->Parent = t.a;
+    u.a2->Parent = nullptr;
+    EXPECT_EQ(u.a2->GetFullName(), "root$a$A2");
+    u.a1->Parent = nullptr;
+    EXPECT_EQ(u.a2->GetFullName(), "A2");
+    u.a1->Parent = u.a2->Parent = u.a;
     StringList list, fromChild;
-    t.root->ToList("pre", &list);
+    u.root->ToList("pre", &list);
     EXPECT_EQ(Texts(list), "pre$root,pre$root$a,pre$root$a$a1,pre$root$a$A2,pre$root$b,pre$root$c,"
                            "pre$root$c$c1");
     EXPECT_EQ(list.Objects(3), Obj(12));
-    t.b->ToList("", &fromChild);
+    u.b->ToList("", &fromChild);
     EXPECT_EQ(Texts(fromChild), "$b,$c,$c$c1");
 
     // Objects: this node and following siblings, never children.
-    EXPECT_EQ(t.a->FindNodeByObject(Obj(3)), t.c);
-    EXPECT_EQ(t.b->FindNodeByObject(Obj(1)), nullptr);
-    EXPECT_EQ(t.a->FindNodeByObject(Obj(11)), nullptr);
+    EXPECT_EQ(u.a->FindNodeByObject(Obj(3)), u.c);
+    EXPECT_EQ(u.b->FindNodeByObject(Obj(1)), nullptr);
+    EXPECT_EQ(u.a->FindNodeByObject(Obj(11)), nullptr);
     // Names: depth first, the subtree before the next sibling, any case.
-    EXPECT_EQ(t.root->FindNodeByName("C1", 0), t.c1);
-    EXPECT_EQ(t.b->FindNodeByName("a1", 0), nullptr);
+    EXPECT_EQ(u.root->FindNodeByName("C1", 0), u.c1);
+    EXPECT_EQ(u.b->FindNodeByName("a1", 0), nullptr);
     myNode* found = nullptr;
-    EXPECT_TRUE(t.a1->FindNodeByNameL("A2", found));
-    EXPECT_EQ(found, t.a2);
-    EXPECT_FALSE(t.a1->FindNodeByNameL("a2", found));
+    EXPECT_TRUE(u.a1->FindNodeByNameL("A2", found));
+    EXPECT_EQ(found, u.a2);
+    EXPECT_FALSE(u.a1->FindNodeByNameL("a2", found));
     EXPECT_EQ(found, nullptr);
     const std::tuple<myNode*, const char*, const char*, myNode*> rows[] = {
-        {t.root, "ROOT$A$a2", "$", t.a2}, {t.a, "C$c1", "$", t.c1},    {t.a, "a/A1", "/", t.a1},
-        {t.a, "b$x", "$", nullptr},       {t.a, "a$zz", "$", nullptr}, {t.a, "q$a1", "$", nullptr},
-        {t.b, "a", "$", nullptr}}; // siblings after b only
+        {u.root, "ROOT$A$a2", "$", u.a2}, {u.a, "C$c1", "$", u.c1},    {u.a, "a/A1", "/", u.a1},
+        {u.a, "b$x", "$", nullptr},       {u.a, "a$zz", "$", nullptr}, {u.a, "q$a1", "$", nullptr},
+        {u.b, "a", "$", nullptr}}; // siblings after b only
     for (const auto& r : rows)
         EXPECT_EQ(std::get<0>(r)->FindNodeByLongName(std::get<1>(r), std::get<2>(r)),
                   std::get<3>(r))
             << std::get<1>(r);
-    t.a1->name = "b";
-    EXPECT_EQ(t.a->FindNodeByName("B", 0), t.a1);
+    u.a1->name = "b";
+    EXPECT_EQ(u.a->FindNodeByName("B", 0), u.a1);
 }
 
 TEST(myNode, RemovalUnlinksAndReturnsTheNeighbour) {
@@ -129,8 +125,7 @@ TEST(myNode, RemovalUnlinksAndReturnsTheNeighbour) {
     myNode* mid = t.a->AddAsSibling("mid", nullptr);
     mid->AddChild("m1", nullptr);
     mid->AddChild("m2", nullptr);
-    // The only child gives its parent back; a middle or last node its Prev;
-    // the first node its Next. Children are freed with the node.
+    // Returns Prev, else Next, else Parent; the children are freed.
     EXPECT_EQ(t.c1->DeleteNode(), t.c);
     EXPECT_EQ(t.c->FirstChild, nullptr);
     delete t.c1;
@@ -147,8 +142,7 @@ TEST(myNode, RemovalUnlinksAndReturnsTheNeighbour) {
     u.a->DeleteChidren();
     EXPECT_EQ(u.a->FirstChild, nullptr);
     EXPECT_EQ(u.a->Saved, old); // kept, dangling
-    // DeleteSubTree of a middle child takes the following siblings along;
-    // of the first child, the parent is left without children.
+    // DeleteSubTree takes the following siblings along.
     u.b->DeleteSubTree();
     EXPECT_EQ(u.a->Next, nullptr);
     EXPECT_EQ(u.root->GetChildCount(), 1);

@@ -1,5 +1,4 @@
-// The road of a model text into memory as the form takes it on load, and its
-// teardown; shared by the tests, the fuzz target and the benchmark.
+// A model text into memory as the form loads it, and back out; also for fuzz and bench.
 #pragma once
 
 #include <QFile>
@@ -32,8 +31,7 @@ inline std::string ReadWholeFile(const QString& path) {
     return file.readAll().toStdString();
 }
 
-// Reads text into pDcDTTP and pVCC, runs the passes after loading and fills
-// *tree (null without a DcVCC); false, nothing read, when it doesn't parse.
+// Reads text into pDcDTTP, pVCC and *tree; false, nothing read, when it doesn't parse.
 inline bool ReadModelText(const std::string& text, myNode** tree) {
     *tree = nullptr;
     TiXmlDocument doc;

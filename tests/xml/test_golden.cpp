@@ -1,5 +1,3 @@
-// The writers against hand-written golden texts, and the texts written, read
-// back and written again.
 #include <QDir>
 
 #include "common/ModelWorld.h"
@@ -52,8 +50,7 @@ TEST_F(ModelWorldTest, RichModelWritesItsGoldenTextsAndSettlesAfterOneReadBack) 
     const QString first = Written();
     ASSERT_TRUE(Load(FrameModelText(first)) && pVCC && pDcDTTP);
     const QString second = Written();
-    // Every value read back is the text of the last "any other" attribute,
-    // flagAbility: 0 for most, 4 for the variable that carried ByteCount.
+    // svalue read back is the last unknown attribute: flagAbility 0, or 4 after ByteCount.
     EXPECT_NE(first, second);
     for (const char* line :
          {"name = \"Freq\" type = \"Data_Real\" desc = \"Частота\" svalue = "
@@ -65,8 +62,7 @@ TEST_F(ModelWorldTest, RichModelWritesItsGoldenTextsAndSettlesAfterOneReadBack) 
     EXPECT_EQ(second.toStdString(), Written().toStdString());
 }
 
-// A text that doesn't parse reads nothing; the kept fuzz inputs once led the
-// parser past their end.
+// The kept fuzz inputs once led the parser past their end.
 TEST_F(ModelWorldTest, TextThatDoesNotParseReadsNothing) {
     EXPECT_FALSE(Load("<DcVCC name = \"V\" >"));
     EXPECT_TRUE(!pVCC && !pDcDTTP && !tree);

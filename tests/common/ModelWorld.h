@@ -103,9 +103,6 @@ inline std::string Var(DcDO* object, std::initializer_list<std::string> paths) {
                (object->GetVar(path, text) == 0 ? text : std::string());
     return out;
 }
-inline std::string Var(DcDO* object, const std::string& path) {
-    return Var(object, {path});
-}
 
 // Collects the texts that objects report through Put2SLog.
 struct LogRecorder {

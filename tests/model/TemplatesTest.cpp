@@ -3,7 +3,7 @@
 
 #include "common/ModelWorld.h"
 
-TEST_F(ModelWorldTest, TypeAndClassTablesAreSortedAndFollowAliases) {
+TEST_F(ModelWorldTest, TypeAndClassTablesAreSortedAndTemplatesOrderByIdtype) {
     auto row = [](const char* name) { return FindDAType2(DATypes, 0, DATypesCount - 1, name); };
     // Alias, base type, sorted row (-1: unchecked); DATA_TIMESTAMP takes two steps.
     const std::tuple<const char*, const char*, int> aliases[] = {{"BITSTRING5", "BITSTRING5", 2},
@@ -47,6 +47,26 @@ TEST_F(ModelWorldTest, TypeAndClassTablesAreSortedAndFollowAliases) {
     }
     EXPECT_EQ(TabDcObCode("DcICCPBase"), 0);
     EXPECT_EQ(TabDcObCode("DcNothing"), -1);
+    DcDAType low;
+    low.idtype = 3;
+    DcDOType structured;
+    structured.idtype = 4;
+    DcDA plain;
+    // A non-template compares as less both ways.
+    const std::tuple<DcICCPBase*, DcICCPBase*, bool> pairs[] = {{&low, &low, false},
+                                                                {&low, &structured, true},
+                                                                {&structured, &low, false},
+                                                                {&plain, &low, true},
+                                                                {&low, &plain, true}};
+    for (const auto& p : pairs)
+        EXPECT_EQ(lessThen(std::get<0>(p), std::get<1>(p)), std::get<2>(p));
+    pDcDTTP->sortByidtype();
+    std::string order;
+    for (DcICCPBase* templ : pDcDTTP->TypeList)
+        order += std::to_string(templ->idtype) + ",";
+    EXPECT_EQ(order, "1,2,10,11,12,13,14,15,16,17,18,19,20,21,");
+    // The StringList keeps the order of reading.
+    EXPECT_EQ(pDcDTTP->Types.Strings(0), "INT16");
 }
 
 TEST_F(ModelWorldTest, TemplatesReaderKeepsFirstsAndValidVarStopsAtTheFirstInvalid) {
@@ -160,27 +180,4 @@ TEST_F(ModelWorldTest, InvalidStructureMemberAndExpansionEndsAtUnknownOrSelfCont
     DcDO structure("S", loop, nullptr);
     ASSERT_EQ(structure.Members.Count, 2);
     EXPECT_EQ(At<DcDO>(structure.Members, 1)->Members.Count, 0);
-}
-
-TEST_F(ModelWorldTest, LessThenAndSortByIdtype) {
-    DcDAType low;
-    low.idtype = 3;
-    DcDOType structured;
-    structured.idtype = 4;
-    DcDA other;
-    // A non-template compares as less both ways.
-    const std::tuple<DcICCPBase*, DcICCPBase*, bool> pairs[] = {{&low, &low, false},
-                                                                {&low, &structured, true},
-                                                                {&structured, &low, false},
-                                                                {&other, &low, true},
-                                                                {&low, &other, true}};
-    for (const auto& p : pairs)
-        EXPECT_EQ(lessThen(std::get<0>(p), std::get<1>(p)), std::get<2>(p));
-    pDcDTTP->sortByidtype();
-    std::string order;
-    for (DcICCPBase* templ : pDcDTTP->TypeList)
-        order += std::to_string(templ->idtype) + ",";
-    EXPECT_EQ(order, "1,2,10,11,12,13,14,15,16,17,18,19,20,21,");
-    // The StringList keeps the order of reading.
-    EXPECT_EQ(pDcDTTP->Types.Strings(0), "INT16");
 }

@@ -148,7 +148,7 @@ TEST_F(SetsTest, DataSetAssignSelfAndTransSetConstructors) {
     target->AssignSelf(source);
     DcDA* copied = static_cast<DcDA*>(target->SelfList.Objects(1));
     EXPECT_EQ(ValueOf(copied) + "," + copied->desc, "5,code");
-    EXPECT_EQ(Var(static_cast<DcDO*>(target->SelfList.Objects(3)), "Scope"), "0");
+    EXPECT_EQ(Var(static_cast<DcDO*>(target->SelfList.Objects(3)), {"Scope"}), "0");
     DcDataSet empty("", nullptr);
     empty.AssignSelf(source);
     target->AssignSelf(&empty);
@@ -230,9 +230,9 @@ TEST_F(SetsTest, DataSetNamePartsReadBackAndCheckValidTrset) {
     DcDataSet* dataSet = AddDataSet(icc->DataSets, icc, "DS_1");
     DcTransSet* set = AddTransSet("TrSet_1");
     set->ResetDataSetName();
-    EXPECT_EQ(Var(set, "DataSetName$Name"), "");
+    EXPECT_EQ(Var(set, {"DataSetName$Name"}), "");
     set->SetVar();
-    EXPECT_EQ(Var(set, "DataSetName$Name"), "H");
+    EXPECT_EQ(Var(set, {"DataSetName$Name"}), "H");
     SetParts(set, "1", "ICC_1", "DS_1");
     set->PutVar("Interval", "7");
     set->PutVar("Status", "true");
@@ -291,10 +291,10 @@ TEST_F(SetsTest, NextTransferSetTakesTheLastFreeTransferSet) {
     EXPECT_TRUE(next->FindFreeTS());
     EXPECT_TRUE(second->Used && !first->Used);
     EXPECT_EQ(Var(next, {"DomainName", "Name"}), "ICC_1,TrSet_2");
-    EXPECT_EQ(Var(second, "RBE"), "true");
+    EXPECT_EQ(Var(second, {"RBE"}), "true");
     EXPECT_TRUE(next->FindFreeTS());
     EXPECT_EQ(next->CurName, "TrSet_1");
     EXPECT_FALSE(next->FindFreeTS());
-    EXPECT_EQ(Var(next, "Name"), "TrSet_1"); // kept
+    EXPECT_EQ(Var(next, {"Name"}), "TrSet_1"); // kept
     EXPECT_FALSE(DcNextTransferSet().FindFreeTS());
 }

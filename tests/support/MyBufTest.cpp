@@ -21,7 +21,7 @@ std::vector<int> Bytes(const MyBufValue& v, size_t n) {
 
 } // namespace
 
-TEST(MyBufValue, TextsInAndOutAssignFromBufAndBits) {
+TEST(MyBufValue, ValuesAndBitSets) {
     // Without a buffer or a known type no text is taken.
     MyBufValue v;
     EXPECT_EQ(v.SetFromstring("true"), -1);
@@ -129,9 +129,6 @@ TEST(MyBufValue, TextsInAndOutAssignFromBufAndBits) {
     EXPECT_EQ(raw.SetBit(0, 0), 1);
     EXPECT_EQ(Bytes(raw, 2), std::vector<int>({0x01, 0x80}));
     EXPECT_EQ(raw.SetBit(24, 1), 0);
-}
-
-TEST(qolBitSet, SizesLimitsSearchExportResizeAndCombine) {
     EXPECT_EQ(qolBitSet(0).ByteLen, 1);
     EXPECT_EQ(qolBitSet(0).SetBit(0), -1);
     EXPECT_EQ(qolBitSet(17).ByteLen, 3);
@@ -150,8 +147,8 @@ TEST(qolBitSet, SizesLimitsSearchExportResizeAndCombine) {
     EXPECT_EQ(b.Buf[1], 0xC0);
     EXPECT_EQ(b.GetOneCount(), 10);
     qolBitSet mms;
-    const unsigned char raw[2] = {0xA5, 0xF0};
-    mms.FromBufMMS(raw, 2, 3);
+    const unsigned char mmsBytes[2] = {0xA5, 0xF0};
+    mms.FromBufMMS(mmsBytes, 2, 3);
     EXPECT_EQ(mms.BufToStr(), "1010010111110");
     EXPECT_EQ(mms.ToUchar(), 0xA5);
     qolBitSet grown(8);

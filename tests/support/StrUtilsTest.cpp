@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(StrUtils, NumbersBooleansTrimAndCase) {
+TEST(StrUtils, EveryConversion) {
     const std::pair<const char*, int> ints[] = {
         {"12abc", 12}, {"abc", 0}, {"", 0}, {"  -42", -42}, {"+7 8", 7}};
     for (const auto& i : ints)
@@ -31,9 +31,6 @@ TEST(StrUtils, NumbersBooleansTrimAndCase) {
     EXPECT_EQ(Str2UpperP(kept), "MIXED");
     // Bytes above ASCII are left to the C locale: untouched here.
     EXPECT_EQ(Str2UpperP("\xd0\xb0z"), "\xd0\xb0Z");
-}
-
-TEST(StrUtils, RadixAndQStringConversions) {
     struct Row {
         int value, radix;
         const char* text;

@@ -33,7 +33,7 @@ std::string Texts(StringList& list, std::initializer_list<const char*> add = {})
 
 } // namespace
 
-TEST(StringList, LimitsSizesAndInsertionAtTheFront) {
+TEST(StringList, LimitsSortedModeRandomSequencesFreeFunctionsListAndRegistry) {
     StringList list;
     list.AddString("a");
     EXPECT_EQ(list.Strings(-1), "");
@@ -98,13 +98,10 @@ TEST(StringList, LimitsSizesAndInsertionAtTheFront) {
     sorted.Delete(0);
     EXPECT_EQ(Texts(sorted), ",f,f,m,x");
     EXPECT_EQ(sorted.Objects(0), nullptr);
-}
-
-// Random changes against a vector; Array, Ref and IndexOf checked after each.
-TEST(StringList, RandomSequencesMatchAModelThenFreeFunctionsListAndRegistry) {
+    // Random changes against a vector; Array, Ref and IndexOf checked after each.
     std::mt19937 rng(20240611);
     for (int round = 0; round < 40; ++round) {
-        StringList list;
+        StringList dlist;
         std::vector<std::pair<std::string, void*>> model;
         bool refSorted = true;
         long next = 1;
@@ -116,51 +113,51 @@ TEST(StringList, RandomSequencesMatchAModelThenFreeFunctionsListAndRegistry) {
             if (op < 35) {
                 const bool sorted = op < 30;
                 const std::string t = text();
-                ASSERT_EQ(list.AddObject(t, Obj(next), sorted), count);
+                ASSERT_EQ(dlist.AddObject(t, Obj(next), sorted), count);
                 model.emplace_back(t, Obj(next++));
                 refSorted = refSorted && (sorted || count == 0);
             } else if (op < 55) {
                 i = std::max(i, 0);
                 const std::string t = text();
-                ASSERT_EQ(list.InsertObject(i, t, Obj(next)), i >= count ? count : i + 1);
+                ASSERT_EQ(dlist.InsertObject(i, t, Obj(next)), i >= count ? count : i + 1);
                 model.insert(model.begin() + std::min(i, count), {t, Obj(next++)});
                 refSorted = refSorted || i < count;
             } else if (op < 75) {
-                list.Delete(i);
+                dlist.Delete(i);
                 if (i >= 0 && i < count)
                     model.erase(model.begin() + i);
             } else if (op < 95) {
                 const std::string t = text();
                 const bool inside = i >= 0 && i < count;
-                ASSERT_EQ(list.ChString(i, t), inside ? i : -1);
+                ASSERT_EQ(dlist.ChString(i, t), inside ? i : -1);
                 if (inside) {
                     model[i].first = t;
                     refSorted = true;
                 }
             } else if (op < 97) {
-                list.Clear();
+                dlist.Clear();
                 model.clear();
                 refSorted = true;
             } else if (count > 0) {
                 // Objects are searched by pointer in insertion order.
                 const int k = static_cast<int>(rng() % count);
-                ASSERT_EQ(FindIdObjByPtr(model[k].second, &list), k);
+                ASSERT_EQ(FindIdObjByPtr(model[k].second, &dlist), k);
             }
             SCOPED_TRACE(std::to_string(round) + "/" + std::to_string(step));
-            ASSERT_EQ(list.Count, static_cast<int>(model.size()));
-            for (int e = 0; e < list.Count; ++e) {
-                ASSERT_EQ(list.Strings(e), model[e].first) << e;
-                ASSERT_EQ(list.Objects(e), model[e].second) << e;
+            ASSERT_EQ(dlist.Count, static_cast<int>(model.size()));
+            for (int e = 0; e < dlist.Count; ++e) {
+                ASSERT_EQ(dlist.Strings(e), model[e].first) << e;
+                ASSERT_EQ(dlist.Objects(e), model[e].second) << e;
             }
-            ASSERT_TRUE(list.Capacity >= list.Count && list.Capacity % 50 == 0);
+            ASSERT_TRUE(dlist.Capacity >= dlist.Count && dlist.Capacity % 50 == 0);
             if (!refSorted)
                 continue;
-            ASSERT_TRUE(RefIsSortedPermutation(list));
+            ASSERT_TRUE(RefIsSortedPermutation(dlist));
             for (const auto& entry : model)
-                ASSERT_EQ(list.Strings(list.IndexOf(entry.first)), entry.first);
+                ASSERT_EQ(dlist.Strings(dlist.IndexOf(entry.first)), entry.first);
         }
     }
-    // The free functions create the list and find the first object.
+    // The free functions create the dlist and find the first object.
     StringList* made = nullptr;
     EXPECT_EQ(Add2StringList(made, "b", Obj(1)), 0);
     EXPECT_EQ(Add2StringList(made, "a", Obj(2)), 1);
@@ -169,25 +166,25 @@ TEST(StringList, RandomSequencesMatchAModelThenFreeFunctionsListAndRegistry) {
     EXPECT_EQ(FindIdObjByPtr(Obj(3), made), -1);
     EXPECT_EQ(FindIdObjByPtr(Obj(2), nullptr), -1);
     delete made;
-    List list;
+    List dlist;
     int items[120];
     for (int i = 0; i < 120; ++i)
-        EXPECT_EQ(list.Add(&items[(i * 37) % 120]), i);
-    EXPECT_EQ(list.IndexOf(&items[(119 * 37) % 120]), 119);
-    EXPECT_TRUE(!list.Items(120) && !list.Items(-1));
+        EXPECT_EQ(dlist.Add(&items[(i * 37) % 120]), i);
+    EXPECT_EQ(dlist.IndexOf(&items[(119 * 37) % 120]), 119);
+    EXPECT_TRUE(!dlist.Items(120) && !dlist.Items(-1));
     int outside = 0, index = 7;
-    EXPECT_FALSE(list.Find(&outside, index));
+    EXPECT_FALSE(dlist.Find(&outside, index));
     EXPECT_EQ(index, -1);
-    EXPECT_EQ(FindPtrInList(&items[37], &list), 1);
+    EXPECT_EQ(FindPtrInList(&items[37], &dlist), 1);
     EXPECT_EQ(FindPtrInList(&items[0], nullptr), -1);
-    list.Remove(&items[37]);
-    EXPECT_EQ(list.IndexOf(&items[74]), 1);
-    list.Remove(&outside);
-    list.Delete(-1);
-    list.Delete(list.Count);
-    EXPECT_EQ(list.Count, 119);
-    list.Clear();
-    EXPECT_EQ(list.Capacity, 50);
+    dlist.Remove(&items[37]);
+    EXPECT_EQ(dlist.IndexOf(&items[74]), 1);
+    dlist.Remove(&outside);
+    dlist.Delete(-1);
+    dlist.Delete(dlist.Count);
+    EXPECT_EQ(dlist.Count, 119);
+    dlist.Clear();
+    EXPECT_EQ(dlist.Capacity, 50);
     // Sort compares slots, not pointers; Delete in sorted mode only lowers the count.
     List small;
     for (int i : {5, 1, 3})

@@ -41,7 +41,7 @@ void ExpectChain(myNode* parent, const std::vector<myNode*>& children) {
 
 } // namespace
 
-TEST(myNode, InsertionFullNameToListAndSearch) {
+TEST(myNode, InsertionFullNameToListSearchAndRemoval) {
     Tree t;
     ExpectChain(t.a, {t.a1, t.a2});
     EXPECT_EQ(t.root->GetChildById(1), t.b);
@@ -118,40 +118,37 @@ TEST(myNode, InsertionFullNameToListAndSearch) {
             << std::get<1>(r);
     u.a1->name = "b";
     EXPECT_EQ(u.a->FindNodeByName("B", 0), u.a1);
-}
-
-TEST(myNode, RemovalUnlinksAndReturnsTheNeighbour) {
-    Tree t;
-    myNode* mid = t.a->AddAsSibling("mid", nullptr);
+    Tree t2;
+    myNode* mid = t2.a->AddAsSibling("mid", nullptr);
     mid->AddChild("m1", nullptr);
     mid->AddChild("m2", nullptr);
     // Returns Prev, else Next, else Parent; the children are freed.
-    EXPECT_EQ(t.c1->DeleteNode(), t.c);
-    EXPECT_EQ(t.c->FirstChild, nullptr);
-    delete t.c1;
-    const std::pair<myNode*, myNode*> steps[] = {{mid, t.a}, {t.a, t.b}, {t.c, t.b}};
+    EXPECT_EQ(t2.c1->DeleteNode(), t2.c);
+    EXPECT_EQ(t2.c->FirstChild, nullptr);
+    delete t2.c1;
+    const std::pair<myNode*, myNode*> steps[] = {{mid, t2.a}, {t2.a, t2.b}, {t2.c, t2.b}};
     for (const auto& step : steps) {
         EXPECT_EQ(step.first->DeleteNode(), step.second) << step.first->name;
         EXPECT_EQ(step.first->FirstChild, nullptr);
         delete step.first;
     }
-    ExpectChain(t.root, {t.b});
+    ExpectChain(t2.root, {t2.b});
 
-    Tree u;
-    myNode* old = u.a->FirstChild;
-    u.a->DeleteChidren();
-    EXPECT_EQ(u.a->FirstChild, nullptr);
-    EXPECT_EQ(u.a->Saved, old); // kept, dangling
+    Tree u2;
+    myNode* old = u2.a->FirstChild;
+    u2.a->DeleteChidren();
+    EXPECT_EQ(u2.a->FirstChild, nullptr);
+    EXPECT_EQ(u2.a->Saved, old); // kept, dangling
     // DeleteSubTree takes the following siblings along.
-    u.b->DeleteSubTree();
-    EXPECT_EQ(u.a->Next, nullptr);
-    EXPECT_EQ(u.root->GetChildCount(), 1);
-    u.a->DeleteSubTree();
-    EXPECT_EQ(u.root->FirstChild, nullptr);
+    u2.b->DeleteSubTree();
+    EXPECT_EQ(u2.a->Next, nullptr);
+    EXPECT_EQ(u2.root->GetChildCount(), 1);
+    u2.a->DeleteSubTree();
+    EXPECT_EQ(u2.root->FirstChild, nullptr);
 
-    myNode* root = new myNode("root");
+    myNode* bigRoot = new myNode("bigRoot");
     for (int i = 0; i < 200000; ++i)
-        root->AddAsSibling("n", nullptr);
-    EXPECT_EQ(root->FindNodeByName("missing", 0), nullptr);
-    root->DeleteSubTree();
+        bigRoot->AddAsSibling("n", nullptr);
+    EXPECT_EQ(bigRoot->FindNodeByName("missing", 0), nullptr);
+    bigRoot->DeleteSubTree();
 }

@@ -119,14 +119,14 @@ TEST(myNode, InsertionFullNameToListSearchAndRemoval) {
     u.a1->name = "b";
     EXPECT_EQ(u.a->FindNodeByName("B", 0), u.a1);
     Tree t2;
-    myNode* mid = t2.a->AddAsSibling("mid", nullptr);
-    mid->AddChild("m1", nullptr);
-    mid->AddChild("m2", nullptr);
+    myNode* middle = t2.a->AddAsSibling("middle", nullptr);
+    middle->AddChild("m1", nullptr);
+    middle->AddChild("m2", nullptr);
     // Returns Prev, else Next, else Parent; the children are freed.
     EXPECT_EQ(t2.c1->DeleteNode(), t2.c);
     EXPECT_EQ(t2.c->FirstChild, nullptr);
     delete t2.c1;
-    const std::pair<myNode*, myNode*> steps[] = {{mid, t2.a}, {t2.a, t2.b}, {t2.c, t2.b}};
+    const std::pair<myNode*, myNode*> steps[] = {{middle, t2.a}, {t2.a, t2.b}, {t2.c, t2.b}};
     for (const auto& step : steps) {
         EXPECT_EQ(step.first->DeleteNode(), step.second) << step.first->name;
         EXPECT_EQ(step.first->FirstChild, nullptr);

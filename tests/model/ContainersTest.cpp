@@ -109,11 +109,10 @@ TEST_F(ModelWorldTest, VccLookups) {
 
 // RakeNode1 reads the last VCC of the document; its entries are bound after.
 TEST_F(ModelWorldTest, SetReletionBindsEntriesAfterLoadingAndHostileTemplatesEndWithoutCrash) {
-    XmlText xml("<r><x><DcVCC name=\"First\"/></x><DcVCC name=\"V\"><DcDataSet name=\"DS\">"
-                "<ElemDS name=\"A\"/><ElemDS name=\"ICC_1/B\"/></DcDataSet>"
-                "<DcLD name=\"ICC_1\"><DcDataSet name=\"L\"><ElemDS name=\"ICC_1/B\"/>"
-                "<ElemDS name=\"ICC_1/Late\"/></DcDataSet><DcDA name=\"B\" type=\"INT32\"/>"
-                "</DcLD><DcDA name=\"A\" type=\"INT16\"/></DcVCC></r>");
+    XmlText xml("<r><x><DcVCC name=\"First\"/></x><DcVCC name=\"V\"><DcDataSet name=\"DS\"><ElemDS "
+                "name=\"A\"/><ElemDS name=\"ICC_1/B\"/></DcDataSet><DcLD name=\"ICC_1\"><DcDataSet "
+                "name=\"L\"><ElemDS name=\"ICC_1/B\"/><ElemDS name=\"ICC_1/Late\"/></DcDataSet>"
+                "<DcDA name=\"B\" type=\"INT32\"/></DcLD><DcDA name=\"A\"/></DcVCC></r>");
     RakeNode1(nullptr);
     RakeNode1(xml.Document());
     ASSERT_NE(vcc = pVCC, nullptr);

@@ -107,11 +107,11 @@ TEST_F(ModelWorldTest, TemplatesReaderKeepsFirstsAndValidVarStopsAtTheFirstInval
     EXPECT_EQ(type.DecodeElement(alone.Root()->FirstChild(), "DcDA"), 3);
     EXPECT_EQ(type.Members.Count, 0);
     delete pDcDTTP;
-    ASSERT_NE(ReadTypes("<DcTemplate><DcDAType type=\"INT16\"/><DcDAType type=\"INT32\"/>"
-                        "<DcDOType type=\"A\"><DcDA name=\"v\" type=\"INT16\"/></DcDOType>"
-                        "<DcDOType type=\"B\"><DcDA name=\"w\" type=\"INT32\"/></DcDOType>"
-                        "<DcDOType type=\"C\"><DcDA name=\"x\" type=\"INT16\"/>"
-                        "<DcDA name=\"y\" type=\"INT16\"/></DcDOType></DcTemplate>"),
+    ASSERT_NE(ReadTypes("<DcTemplate><DcDAType type=\"INT16\"/><DcDAType type=\"INT32\"/><DcDOType "
+                        "type=\"A\"><DcDA name=\"v\" type=\"INT16\"/></DcDOType><DcDOType "
+                        "type=\"B\"><DcDA name=\"w\" type=\"INT32\"/></DcDOType><DcDOType "
+                        "type=\"C\"><DcDA name=\"x\" type=\"INT16\"/><DcDA name=\"y\" "
+                        "type=\"INT16\"/></DcDOType></DcTemplate>"),
               nullptr);
     EXPECT_TRUE(pDcDTTP->ValidVar());
     // Take INT16 out of the set: A and C lose their basic type.
@@ -135,9 +135,8 @@ TEST_F(ModelWorldTest, TemplatesReaderKeepsFirstsAndValidVarStopsAtTheFirstInval
 }
 
 TEST_F(ModelWorldTest, InvalidStructureMemberAndExpansionEndsAtUnknownOrSelfContainingOne) {
-    XmlText xml("<DcDOType type=\"Outer\">"
-                "<DcDO name=\"S\" type=\"Data_RealQ\"><DcDA name=\"x\" type=\"Nope\"/></DcDO>"
-                "</DcDOType>");
+    XmlText xml("<DcDOType type=\"Outer\"><DcDO name=\"S\" type=\"Data_RealQ\">"
+                "<DcDA name=\"x\" type=\"Nope\"/></DcDO></DcDOType>");
     DcDOType outer;
     outer.DecodeXML(xml.Root());
     DcDO* member = At<DcDO>(outer.Members, 0);
@@ -155,9 +154,8 @@ TEST_F(ModelWorldTest, InvalidStructureMemberAndExpansionEndsAtUnknownOrSelfCont
     pDcDTTP = nullptr;
     EXPECT_TRUE(outer.GetValid() && outer.Valid == 1);
     pDcDTTP = kept;
-    XmlText partialText("<DcDOType type=\"T\"><DcDA name=\"a\" type=\"INT16\"/>"
-                        "<DcDO name=\"s\" type=\"Unknown\"/><DcDA name=\"b\" type=\"INT16\"/>"
-                        "</DcDOType>");
+    XmlText partialText("<DcDOType type=\"T\"><DcDA name=\"a\" type=\"INT16\"/><DcDO name=\"s\"/>"
+                        "<DcDA name=\"b\" type=\"INT16\"/></DcDOType>");
     DcDOType partial;
     partial.DecodeXML(partialText.Root());
     ASSERT_EQ(partial.Members.Count, 3);

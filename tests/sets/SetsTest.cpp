@@ -59,22 +59,21 @@ TEST_F(SetsTest, NewDataSetHoldsTheStandardFieldsAndAddObRefPutsMembersInFront) 
     // With the VCC as parent no ICC is named; without a parent no fields.
     EXPECT_EQ(AddDataSet(icc->DataSets, vcc, "DS_2")->GetRefNameDS().toStdString(), "DS_2;");
     EXPECT_EQ(DcDataSet("Lone", nullptr).Elems.Count, 0);
-    DcDataSet* refs = AddDataSet(icc->DataSets, icc, "DS_1");
     DcDA* a = AddDA(icc->Vars, icc, "A");
     DcDA* b = AddDA(icc->Vars, icc, "B");
-    EXPECT_EQ(refs->AddObRef(a), 1);
-    refs->AddObRef(b);
+    EXPECT_EQ(inIcc->AddObRef(a), 1);
+    inIcc->AddObRef(b);
     DcDA* otherA = AddDA(vcc->Vars, vcc, "A");
-    EXPECT_EQ(refs->AddObRef(otherA), 1);
-    EXPECT_EQ(Texts(refs->Elems), "ICC_1/B,ICC_1/A," + kStd);
-    EXPECT_EQ(Entry(refs, 1), otherA);
+    EXPECT_EQ(inIcc->AddObRef(otherA), 1);
+    EXPECT_EQ(Texts(inIcc->Elems), "ICC_1/B,ICC_1/A," + kStd);
+    EXPECT_EQ(Entry(inIcc, 1), otherA);
     std::string member = "ICC_1/X$Value";
-    EXPECT_EQ(refs->IdxObbyName(member), -1);
+    EXPECT_EQ(inIcc->IdxObbyName(member), -1);
     EXPECT_EQ(member, "ICC_1/X");
-    refs->RemoveRef(b);
-    EXPECT_EQ(Texts(refs->Elems), "ICC_1/A," + kStd);
-    refs->ClearRealVar();
-    EXPECT_EQ(Texts(refs->Elems), kStd);
+    inIcc->RemoveRef(b);
+    EXPECT_EQ(Texts(inIcc->Elems), "ICC_1/A," + kStd);
+    inIcc->ClearRealVar();
+    EXPECT_EQ(Texts(inIcc->Elems), kStd);
     // In VCC scope the key is the bare name.
     DcDataSet* vccSet = AddDataSet(vcc->DataSets, vcc, "DS_V");
     vccSet->AddObRef(a);
@@ -111,10 +110,9 @@ TEST_F(SetsTest, ReadEntriesBindAndUpdRefObsRewritesKeys) {
     vccSet->BindObDs();
     vccSet->BindObDs();
     EXPECT_EQ(Ref(v) + "|" + Ref(static_cast<DcDA*>(Entry(vccSet, 1))), "DS_V,0;DS_V,0;|");
-    DcDA* a2var = AddDA(icc->Vars, icc, "A");
     DcDataSet* renamed = AddDataSet(icc->DataSets, icc, "DS_1");
-    renamed->AddObRef(a2var);
-    a2var->name = "A2";
+    renamed->AddObRef(a);
+    a->name = "A2";
     renamed->UpdRefObs();
     EXPECT_EQ(Texts(renamed->Elems),
               "ICC_1/A2,ICC_1/DSConditions_Detected,ICC_1/Event_Code_Detected,"
@@ -124,10 +122,9 @@ TEST_F(SetsTest, ReadEntriesBindAndUpdRefObsRewritesKeys) {
 
     // Outside an ICC a text stays; an entry without object is passed over.
     DcDataSet* vccRenamed = AddDataSet(vcc->DataSets, vcc, "DS_V");
-    DcDA* v2 = AddDA(vcc->Vars, vcc, "V");
-    vccRenamed->AddObRef(v2);
+    vccRenamed->AddObRef(v);
     vccRenamed->Elems.InsertObject(0, "Ghost", nullptr);
-    v2->name = "V2";
+    v->name = "V2";
     vccRenamed->UpdRefObs();
     EXPECT_EQ(Texts(vccRenamed->Elems), "Ghost,V," + kStd);
 

@@ -87,18 +87,15 @@ TEST_F(ModelWorldTest, VccLookups) {
     DcLD* stranger = new DcLD(s);
     stranger->name = "L";
     s->Members.AddObject("L", stranger, true);
+    DcICCPBase *flags = ListOb(At<DcDO>(str->Members, 0)->Members, 1),
+               *value = ListOb(s->Members, 0);
     const std::pair<const char*, DcICCPBase*> names[] = {
-        {"ICC_1/Var$X", var},
-        {"ICC_1/Var", var},
-        {"ICC_1/Str$Q$Flags", ListOb(At<DcDO>(str->Members, 0)->Members, 1)},
-        {"S$Value", ListOb(s->Members, 0)},
-        {"S$Nope", nullptr},
-        {"ICC_9/Var", nullptr},
+        {"ICC_1/Var$X", var}, {"ICC_1/Var", var},  {"ICC_1/Str$Q$Flags", flags},
+        {"S$Value", value},   {"S$Nope", nullptr}, {"ICC_9/Var", nullptr},
         {"S$L$X", nullptr}};
     for (const auto& n : names)
         EXPECT_EQ(vcc->GetDAbyLongName(n.first), n.second) << n.first;
-    EXPECT_TRUE(vcc->IsDO("ICC_1/Str"));
-    EXPECT_FALSE(vcc->IsDO("S"));
+    EXPECT_TRUE(vcc->IsDO("ICC_1/Str") && !vcc->IsDO("S"));
 
     DcDA* extra = AddRaw<DcDA>(vcc->Extra, vcc, "A");
     int index = -5;
@@ -128,10 +125,10 @@ TEST_F(ModelWorldTest, SetReletionBindsEntriesAfterLoadingAndHostileTemplatesEnd
     EXPECT_EQ(entry(ds, "A"), nullptr);
     vcc->BornDO();
     vcc->SetReletion();
-    EXPECT_EQ(entry(ds, "A"), ListOb(vcc->Vars, 0));
-    EXPECT_EQ(entry(ds, "ICC_1/B"), ListOb(ld->Vars, 0));
-    EXPECT_EQ(entry(l, "ICC_1/B"), ListOb(ld->Vars, 0));
-    EXPECT_EQ(entry(l, "ICC_1/Late"), nullptr);
+    EXPECT_EQ(std::vector<void*>({entry(ds, "A"), entry(ds, "ICC_1/B"), entry(l, "ICC_1/B"),
+                                  entry(l, "ICC_1/Late")}),
+              std::vector<void*>(
+                  {ListOb(vcc->Vars, 0), ListOb(ld->Vars, 0), ListOb(ld->Vars, 0), nullptr}));
     // A ring of structured types, each holding the next twice.
     std::string text = "<DcTemplate><DcDAType type=\"INT16\" value=\"0\" size=\"2\"/>";
     for (int i = 0; i < 20; ++i) {
@@ -147,8 +144,7 @@ TEST_F(ModelWorldTest, SetReletionBindsEntriesAfterLoadingAndHostileTemplatesEnd
              "<DcDA name=\"H\" type=\"Huge\"/><DcDA name=\"O\" type=\"Odd\"/></DcVCC></r>"));
     ASSERT_TRUE(pVCC && pDcDTTP);
     EXPECT_TRUE(pDcDTTP->ValidVar());
-    EXPECT_FALSE(pVCC->ToXML(2).isEmpty());
-    EXPECT_FALSE(pVCC->ToCSV(0).isEmpty());
+    EXPECT_FALSE(pVCC->ToXML(2).isEmpty() || pVCC->ToCSV(0).isEmpty());
     myNode desc("T0");
     qobject_cast<DcDOType*>(pDcDTTP->FindType("T0"))->GetFullContDesc(&desc);
     EXPECT_NE(desc.FirstChild, nullptr);
@@ -169,8 +165,7 @@ TEST_F(ModelWorldTest, InitVar4DSCorrectDSTSAndTheWritersPassOverEmptyEntries) {
         EXPECT_TRUE(ListOb(vcc->Vars, i)->Service);
         EXPECT_EQ(vcc->ServiceVars.Objects(i), ListOb(vcc->Vars, i));
     }
-    EXPECT_FALSE(ListOb(icc->Vars, 0)->Service);
-    EXPECT_EQ(At<DcDA>(icc->Vars, 0)->type, "INT32");
+    EXPECT_TRUE(!ListOb(icc->Vars, 0)->Service && At<DcDA>(icc->Vars, 0)->type == "INT32");
     EXPECT_EQ(At<DcDA>(vcc->Vars, 1)->type + "," + At<DcDA>(vcc->Vars, 0)->type, "INT16,BitString");
     // The scope of the transfer set name is typed apart for the VCC and an ICC.
     for (const auto& scope :

@@ -3,7 +3,7 @@
 
 #include "common/ModelWorld.h"
 
-TEST_F(ModelWorldTest, TypeAndClassTablesAreSortedAndTemplatesOrderByIdtype) {
+TEST_F(ModelWorldTest, TablesTemplatesValidationAndExpansion) {
     auto row = [](const char* name) { return FindDAType2(DATypes, 0, DATypesCount - 1, name); };
     // Alias, base type, sorted row (-1: unchecked); DATA_TIMESTAMP takes two steps.
     const std::tuple<const char*, const char*, int> aliases[] = {{"BITSTRING5", "BITSTRING5", 2},
@@ -67,24 +67,65 @@ TEST_F(ModelWorldTest, TypeAndClassTablesAreSortedAndTemplatesOrderByIdtype) {
     EXPECT_EQ(order, "1,2,10,11,12,13,14,15,16,17,18,19,20,21,");
     // The StringList keeps the order of reading.
     EXPECT_EQ(pDcDTTP->Types.Strings(0), "INT16");
-}
+    XmlText xml("<DcDOType type=\"Outer\"><DcDO name=\"S\" type=\"Data_RealQ\">"
+                "<DcDA name=\"x\" type=\"Nope\"/></DcDO></DcDOType>");
+    DcDOType outer;
+    outer.DecodeXML(xml.Root());
+    DcDO* member = At<DcDO>(outer.Members, 0);
+    ASSERT_NE(member, nullptr);
+    LogRecorder outerLog, memberLog;
+    outerLog.Listen(&outer);
+    memberLog.Listen(member);
+    EXPECT_FALSE(outer.GetValid() || outer.Valid);
+    EXPECT_EQ(outerLog.texts,
+              QStringList({"error: DOType Data_RealQ(include DO )is absent in List"}));
+    EXPECT_EQ(memberLog.texts,
+              QStringList({"error: DO implementation Data_RealQ(include DA )is absent in List"}));
+    // Without a template set everything is valid.
+    DcDTTP* kept = pDcDTTP;
+    pDcDTTP = nullptr;
+    EXPECT_TRUE(outer.GetValid() && outer.Valid == 1);
+    pDcDTTP = kept;
+    XmlText partialText("<DcDOType type=\"T\"><DcDA name=\"a\" type=\"INT16\"/><DcDO name=\"s\"/>"
+                        "<DcDA name=\"b\" type=\"INT16\"/></DcDOType>");
+    DcDOType partial;
+    partial.DecodeXML(partialText.Root());
+    ASSERT_EQ(partial.Members.Count, 3);
+    myNode other("root");
+    partial.GetFullContDesc(&other);
+    EXPECT_EQ(ChildNames(&other), "a,s");
+    other.FirstChild->DeleteSubTree();
 
-TEST_F(ModelWorldTest, TemplatesReaderKeepsFirstsAndValidVarStopsAtTheFirstInvalid) {
+    XmlText loopText("<DcDOType type=\"Loop\"><DcDA name=\"a\" type=\"INT16\"/>"
+                     "<DcDO name=\"again\" type=\"Loop\"/></DcDOType>");
+    DcDOType* loop = new DcDOType(pDcDTTP);
+    loop->DecodeXML(loopText.Root());
+    pDcDTTP->Types.AddObject(loop->type, loop, true);
+    pDcDTTP->TypeList.append(loop);
+    myNode root("root");
+    loop->GetFullContDesc(&root);
+    EXPECT_EQ(ChildNames(&root), "a,again");
+    EXPECT_EQ(ChildNames(root.FirstChild->Next), "");
+    root.FirstChild->DeleteSubTree();
+    DcDO structure("S", loop, nullptr);
+    ASSERT_EQ(structure.Members.Count, 2);
+    EXPECT_EQ(At<DcDO>(structure.Members, 1)->Members.Count, 0);
     ClearModel(tree); // no template set
-    XmlText xml("<DcTemplate><DcDAType type=\"INT16\" value=\"1\"/><DcDOType type=\"Pair\"/>"
-                "<DcDAType type=\"INT16\" value=\"2\"/><DcDOType type=\"Pair\" defname=\"second\"/>"
-                "<Other/></DcTemplate>");
+    XmlText dupText(
+        "<DcTemplate><DcDAType type=\"INT16\" value=\"1\"/><DcDOType type=\"Pair\"/>"
+        "<DcDAType type=\"INT16\" value=\"2\"/><DcDOType type=\"Pair\" defname=\"second\"/>"
+        "<Other/></DcTemplate>");
     DcDTTP dttp;
     LogRecorder log;
     log.Listen(&dttp);
-    EXPECT_EQ(dttp.DecodeXML(xml.Root()), 0);
+    EXPECT_EQ(dttp.DecodeXML(dupText.Root()), 0);
     EXPECT_EQ(log.texts, QStringList({"error: DTTP duplicate variable : INT16",
                                       "error: DTTP duplicate variable : Pair"}));
     EXPECT_EQ(dttp.ErrCount, 2);
     EXPECT_EQ(Texts(dttp.Types), "INT16,Pair");
     EXPECT_EQ(qobject_cast<DcDAType*>(dttp.FindType("INT16"))->value, "1");
     EXPECT_EQ(qobject_cast<DcDOType*>(dttp.FindType("Pair"))->defname, "");
-    EXPECT_EQ(dttp.DecodeElement(xml.Root(), "Other"), 4);
+    EXPECT_EQ(dttp.DecodeElement(dupText.Root(), "Other"), 4);
 
     XmlText two("<a><b/><c><DcTemplate><DcDAType type=\"X\"/></DcTemplate></c>"
                 "<DcTemplate><DcDAType type=\"Y\"/></DcTemplate></a>");
@@ -132,50 +173,4 @@ TEST_F(ModelWorldTest, TemplatesReaderKeepsFirstsAndValidVarStopsAtTheFirstInval
                                            "error: DOType C(include DA )is absent in List"}));
     delete int16;
     EXPECT_TRUE(DcDTTP().ValidVar());
-}
-
-TEST_F(ModelWorldTest, InvalidStructureMemberAndExpansionEndsAtUnknownOrSelfContainingOne) {
-    XmlText xml("<DcDOType type=\"Outer\"><DcDO name=\"S\" type=\"Data_RealQ\">"
-                "<DcDA name=\"x\" type=\"Nope\"/></DcDO></DcDOType>");
-    DcDOType outer;
-    outer.DecodeXML(xml.Root());
-    DcDO* member = At<DcDO>(outer.Members, 0);
-    ASSERT_NE(member, nullptr);
-    LogRecorder outerLog, memberLog;
-    outerLog.Listen(&outer);
-    memberLog.Listen(member);
-    EXPECT_FALSE(outer.GetValid() || outer.Valid);
-    EXPECT_EQ(outerLog.texts,
-              QStringList({"error: DOType Data_RealQ(include DO )is absent in List"}));
-    EXPECT_EQ(memberLog.texts,
-              QStringList({"error: DO implementation Data_RealQ(include DA )is absent in List"}));
-    // Without a template set everything is valid.
-    DcDTTP* kept = pDcDTTP;
-    pDcDTTP = nullptr;
-    EXPECT_TRUE(outer.GetValid() && outer.Valid == 1);
-    pDcDTTP = kept;
-    XmlText partialText("<DcDOType type=\"T\"><DcDA name=\"a\" type=\"INT16\"/><DcDO name=\"s\"/>"
-                        "<DcDA name=\"b\" type=\"INT16\"/></DcDOType>");
-    DcDOType partial;
-    partial.DecodeXML(partialText.Root());
-    ASSERT_EQ(partial.Members.Count, 3);
-    myNode other("root");
-    partial.GetFullContDesc(&other);
-    EXPECT_EQ(ChildNames(&other), "a,s");
-    other.FirstChild->DeleteSubTree();
-
-    XmlText loopText("<DcDOType type=\"Loop\"><DcDA name=\"a\" type=\"INT16\"/>"
-                     "<DcDO name=\"again\" type=\"Loop\"/></DcDOType>");
-    DcDOType* loop = new DcDOType(pDcDTTP);
-    loop->DecodeXML(loopText.Root());
-    pDcDTTP->Types.AddObject(loop->type, loop, true);
-    pDcDTTP->TypeList.append(loop);
-    myNode root("root");
-    loop->GetFullContDesc(&root);
-    EXPECT_EQ(ChildNames(&root), "a,again");
-    EXPECT_EQ(ChildNames(root.FirstChild->Next), "");
-    root.FirstChild->DeleteSubTree();
-    DcDO structure("S", loop, nullptr);
-    ASSERT_EQ(structure.Members.Count, 2);
-    EXPECT_EQ(At<DcDO>(structure.Members, 1)->Members.Count, 0);
 }

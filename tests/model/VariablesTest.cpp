@@ -72,13 +72,10 @@ TEST_F(ModelWorldTest, FindDOwZeroAndCreateDcDAMakeMembers) {
                                 r->Members.Count}),
               std::vector<int>({3, 2, 0, 2}));
     DcDO structure;
+    // An empty text leaves the default.
     const std::tuple<const char*, const char*, const char*, int> rows[] = {
-        {"INT16", "A", "5", 0},
-        {"INT16", "B", "6", 1},
-        {"INT16", "A", "9", 0},
-        {"Nope", "C", "1", -1},
-        {"Data_RealQ", "C", "1", -1},
-        {"VISIBLE_STRING32", "S", "", 2}}; // an empty text leaves the default
+        {"INT16", "A", "5", 0}, {"INT16", "B", "6", 1},       {"INT16", "A", "9", 0},
+        {"Nope", "C", "1", -1}, {"Data_RealQ", "C", "1", -1}, {"VISIBLE_STRING32", "S", "", 2}};
     for (const auto& r : rows)
         EXPECT_EQ(structure.CreateDcDA(std::get<0>(r), std::get<1>(r), std::get<2>(r)),
                   std::get<3>(r))

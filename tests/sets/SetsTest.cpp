@@ -252,18 +252,16 @@ TEST_F(SetsTest, DataSetNamePartsReadBackAndCheckValidTrset) {
     DcTransSet bare("", true, nullptr);
     bare.AssignSelf(set);
     EXPECT_EQ(Texts(bare.Members), "DataSetName");
-    AddDataSet(icc->DataSets, icc, "DS_1");
-    DcTransSet* checked = AddTransSet("TrSet_1");
-    SetParts(checked, "1", "ICC_1", "DS_1");
-    checked->PutVar("Status", "false");
-    EXPECT_TRUE(CheckValidTrset(checked, 1) && !CheckValidTrset(checked, 0));
-    checked->PutVar("Status", "true");
-    EXPECT_TRUE(CheckValidTrset(checked, 0));
+    SetParts(set, "1", "ICC_1", "DS_1");
+    set->PutVar("Status", "false");
+    EXPECT_TRUE(CheckValidTrset(set, 1) && !CheckValidTrset(set, 0));
+    set->PutVar("Status", "true");
+    EXPECT_TRUE(CheckValidTrset(set, 0));
     for (const auto& parts : {std::array<const char*, 3>{"1", "ICC_2", "DS_1"},
                               std::array<const char*, 3>{"0", "ICC_1", "DS_1"},
                               std::array<const char*, 3>{"1", "ICC_1", "DS_9"}}) {
-        SetParts(checked, parts[0], parts[1], parts[2]);
-        EXPECT_FALSE(CheckValidTrset(checked, 0) || CheckValidTrset(checked, 1)) << parts[1];
+        SetParts(set, parts[0], parts[1], parts[2]);
+        EXPECT_FALSE(CheckValidTrset(set, 0) || CheckValidTrset(set, 1)) << parts[1];
     }
     // Outside an ICC the VCC's data sets count, and pVCC becomes that VCC.
     AddDataSet(vcc->DataSets, vcc, "DS_V");

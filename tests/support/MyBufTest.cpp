@@ -41,25 +41,23 @@ TEST(MyBufValue, ValuesAndBitSets) {
         const char* out;
         std::vector<int> bytes;
     };
-    const Row rows[] = {
-        {0, 1, 0, "TRUE", 0, "true", {1}},
-        {0, 1, 0, "1", 0, "false", {0}},
-        {2, 2, 0, "-1", 0, "65535", {0xFF, 0xFF}},
-        {2, 2, 0, "258", 0, "258", {2, 1}},
-        {2, 2, 0, "70000", 0, "4464", {}}, // only the low two bytes are kept
-        {4, 1, 0, "300", 0, "44", {}},
-        {3, 4, 0, "12abc", 0, "12", {}},
-        {6, 4, 0, "4294967295", 0, "-1", {}}, // four bytes read back signed
-        {7, 2, 0, "513", 0, "513", {}},
-        {8, 4, 0, "-0.1", 0, "-0.100000", {}},
-        {13, 1, 3, "00100", 0, "00100", {0x20}},
-        // A text of the wrong length is refused and leaves zero bits.
-        {13, 1, 3, "00100000", -1, "00000", {0}},
-        // Characters other than "1" are zero bits.
-        {13, 1, 3, "1x0a1", 0, "10001", {}},
-        {14, 2, 4, "100000000001", 0, "100000000001", {0x80, 0x10}},
-        {12, 1, 0, "11000001", 0, "11000001", {0xC1}},
-    };
+    // Only the low bytes are kept; INT32 reads back signed; a bit string of the
+    // wrong length is refused and leaves zero bits; characters other than "1" are zeros.
+    const Row rows[] = {{0, 1, 0, "TRUE", 0, "true", {1}},
+                        {0, 1, 0, "1", 0, "false", {0}},
+                        {2, 2, 0, "-1", 0, "65535", {0xFF, 0xFF}},
+                        {2, 2, 0, "258", 0, "258", {2, 1}},
+                        {2, 2, 0, "70000", 0, "4464", {}},
+                        {4, 1, 0, "300", 0, "44", {}},
+                        {3, 4, 0, "12abc", 0, "12", {}},
+                        {6, 4, 0, "4294967295", 0, "-1", {}},
+                        {7, 2, 0, "513", 0, "513", {}},
+                        {8, 4, 0, "-0.1", 0, "-0.100000", {}},
+                        {13, 1, 3, "00100", 0, "00100", {0x20}},
+                        {13, 1, 3, "00100000", -1, "00000", {0}},
+                        {13, 1, 3, "1x0a1", 0, "10001", {}},
+                        {12, 1, 0, "11000001", 0, "11000001", {0xC1}},
+                        {14, 2, 4, "100000000001", 0, "100000000001", {0x80, 0x10}}};
     for (const Row& r : rows) {
         SCOPED_TRACE(std::to_string(r.bType) + " " + r.in);
         MyBufValue v;

@@ -8,9 +8,8 @@ TEST_F(ModelWorldTest, VariablesTakeTheTemplateAndAnswerByFullNameAndPath) {
     DcDA noValue("T", GetDcDAType("Data_TimeStamp"), nullptr);
     EXPECT_TRUE(noValue.Value->Buf == nullptr && noValue.ByteCount == 0);
     DcDA bits("B", GetDcDAType("BitString12"), nullptr);
-    EXPECT_TRUE(bits.IsBitStr());
     EXPECT_EQ(ValueOf(&bits), "110000000000");
-    EXPECT_EQ(bits.Value->Names, "a,b");
+    EXPECT_TRUE(bits.IsBitStr() && bits.Value->Names == "a,b");
     bits.BitNames = "x,y,z";
     EXPECT_EQ(bits.GetEnumList(), QStringList({"x", "y", "z"}));
 

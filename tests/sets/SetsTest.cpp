@@ -287,8 +287,7 @@ TEST_F(SetsTest, NextTransferSetTakesTheLastFreeTransferSet) {
     EXPECT_TRUE(second->Used && !first->Used);
     EXPECT_EQ(Var(next, {"DomainName", "Name"}), "ICC_1,TrSet_2");
     EXPECT_EQ(Var(second, {"RBE"}), "true");
-    EXPECT_TRUE(next->FindFreeTS());
-    EXPECT_EQ(next->CurName, "TrSet_1");
+    EXPECT_TRUE(next->FindFreeTS() && next->CurName == "TrSet_1");
     EXPECT_FALSE(next->FindFreeTS());
     EXPECT_EQ(Var(next, {"Name"}), "TrSet_1"); // kept
     EXPECT_FALSE(DcNextTransferSet().FindFreeTS());

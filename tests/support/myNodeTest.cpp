@@ -46,16 +46,13 @@ TEST(myNode, InsertionFullNameToListSearchAndRemoval) {
     ExpectChain(t.a, {t.a1, t.a2});
     EXPECT_EQ(t.root->GetChildById(1), t.b);
     EXPECT_EQ(t.root->GetChildById(3), nullptr);
-    EXPECT_EQ(t.root->GetChildRow(t.b), 1);
-    EXPECT_EQ(t.root->GetChildRow(t.a1), -1);
-    EXPECT_EQ(t.root->GetChildRow(nullptr), -1);
+    EXPECT_TRUE(t.root->GetChildRow(t.b) == 1 && t.root->GetChildRow(t.a1) == -1 &&
+                t.root->GetChildRow(nullptr) == -1);
     EXPECT_EQ(t.a->GetLastSibling(), t.c);
-    EXPECT_EQ(t.b->AddChild(nullptr), 1);
-    EXPECT_EQ(t.b->FirstChild, nullptr);
+    EXPECT_TRUE(t.b->AddChild(nullptr) == 1 && !t.b->FirstChild);
 
     myNode* first = new myNode("first", Obj(50));
-    EXPECT_EQ(t.root->AddChildAsFirst(first), 0);
-    EXPECT_EQ(t.root->AddChildAsFirst(nullptr), 1);
+    EXPECT_TRUE(t.root->AddChildAsFirst(first) == 0 && t.root->AddChildAsFirst(nullptr) == 1);
     myNode* mid = t.a->AddAsSibling("mid", Obj(51));
     myNode* last = t.c->AddAsSibling("last", nullptr);
     ExpectChain(t.root, {first, t.a, mid, t.b, t.c, last});
@@ -78,8 +75,7 @@ TEST(myNode, InsertionFullNameToListSearchAndRemoval) {
     ExpectChain(t.root, {first, t.a, mid, t.b, t.c, last, loose, loose->Next});
     EXPECT_EQ(loose->Next->name, "y");
     myNode* other = new myNode("other");
-    EXPECT_EQ(t.root->AddSibling(other), 0);
-    EXPECT_EQ(other->Parent, nullptr);
+    EXPECT_TRUE(t.root->AddSibling(other) == 0 && !other->Parent);
     Tree u;
     EXPECT_EQ(u.a2->GetFullName(), "root$a$A2");
     // The parent is taken from the first sibling of the chain.
@@ -97,17 +93,14 @@ TEST(myNode, InsertionFullNameToListSearchAndRemoval) {
     EXPECT_EQ(Texts(fromChild), "$b,$c,$c$c1");
 
     // Objects: this node and following siblings, never children.
-    EXPECT_EQ(u.a->FindNodeByObject(Obj(3)), u.c);
-    EXPECT_EQ(u.b->FindNodeByObject(Obj(1)), nullptr);
-    EXPECT_EQ(u.a->FindNodeByObject(Obj(11)), nullptr);
+    EXPECT_TRUE(u.a->FindNodeByObject(Obj(3)) == u.c && !u.b->FindNodeByObject(Obj(1)) &&
+                !u.a->FindNodeByObject(Obj(11)));
     // Names: depth first, the subtree before the next sibling, any case.
     EXPECT_EQ(u.root->FindNodeByName("C1", 0), u.c1);
     EXPECT_EQ(u.b->FindNodeByName("a1", 0), nullptr);
     myNode* found = nullptr;
-    EXPECT_TRUE(u.a1->FindNodeByNameL("A2", found));
-    EXPECT_EQ(found, u.a2);
-    EXPECT_FALSE(u.a1->FindNodeByNameL("a2", found));
-    EXPECT_EQ(found, nullptr);
+    EXPECT_TRUE(u.a1->FindNodeByNameL("A2", found) && found == u.a2);
+    EXPECT_TRUE(!u.a1->FindNodeByNameL("a2", found) && !found);
     const std::tuple<myNode*, const char*, const char*, myNode*> rows[] = {
         {u.root, "ROOT$A$a2", "$", u.a2}, {u.a, "C$c1", "$", u.c1},    {u.a, "a/A1", "/", u.a1},
         {u.a, "b$x", "$", nullptr},       {u.a, "a$zz", "$", nullptr}, {u.a, "q$a1", "$", nullptr},
@@ -123,8 +116,7 @@ TEST(myNode, InsertionFullNameToListSearchAndRemoval) {
     middle->AddChild("m1", nullptr);
     middle->AddChild("m2", nullptr);
     // Returns Prev, else Next, else Parent; the children are freed.
-    EXPECT_EQ(t2.c1->DeleteNode(), t2.c);
-    EXPECT_EQ(t2.c->FirstChild, nullptr);
+    EXPECT_TRUE(t2.c1->DeleteNode() == t2.c && !t2.c->FirstChild);
     delete t2.c1;
     const std::pair<myNode*, myNode*> steps[] = {{middle, t2.a}, {t2.a, t2.b}, {t2.c, t2.b}};
     for (const auto& step : steps) {
@@ -137,12 +129,10 @@ TEST(myNode, InsertionFullNameToListSearchAndRemoval) {
     Tree u2;
     myNode* old = u2.a->FirstChild;
     u2.a->DeleteChidren();
-    EXPECT_EQ(u2.a->FirstChild, nullptr);
-    EXPECT_EQ(u2.a->Saved, old); // kept, dangling
+    EXPECT_TRUE(!u2.a->FirstChild && u2.a->Saved == old); // kept, dangling
     // DeleteSubTree takes the following siblings along.
     u2.b->DeleteSubTree();
-    EXPECT_EQ(u2.a->Next, nullptr);
-    EXPECT_EQ(u2.root->GetChildCount(), 1);
+    EXPECT_TRUE(!u2.a->Next && u2.root->GetChildCount() == 1);
     u2.a->DeleteSubTree();
     EXPECT_EQ(u2.root->FirstChild, nullptr);
 

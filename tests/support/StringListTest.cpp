@@ -1,40 +1,30 @@
 #include "support/UStringList.h"
 
-#include <QObject>
-#include <algorithm>
 #include <gtest/gtest.h>
 #include <random>
-#include <string>
-#include <utility>
-#include <vector>
 
 namespace {
-
-// Ref must hold every index of 0..Count-1 once, in ascending text order.
-::testing::AssertionResult RefIsSortedPermutation(const StringList& list) {
-    std::vector<int> seen(list.Count, 0);
-    for (int place = 0; place < list.Count; ++place) {
-        int index = list.Ref[place];
-        if (index < 0 || index >= list.Count || seen[index]++)
-            return ::testing::AssertionFailure() << "Ref[" << place << "] = " << index;
-        if (place > 0 && list.Strings(list.Ref[place - 1]) > list.Strings(index))
-            return ::testing::AssertionFailure() << "Ref out of order at place " << place;
-    }
-    return ::testing::AssertionSuccess();
-}
 
 void* Obj(long n) {
     return reinterpret_cast<void*>(n);
 }
 
-// Adds the texts, each with its first byte as object.
-void Fill(StringList& list, std::initializer_list<const char*> texts) {
-    for (const char* t : texts)
-        list.AddObject(t, Obj(t[0]), true);
+// Ref must hold every index of 0..Count-1 once, in ascending text order.
+::testing::AssertionResult RefIsSortedPermutation(const StringList& list) {
+    std::vector<int> seen(list.Count, 0);
+    for (int place = 0; place < list.Count; ++place) {
+        const int index = list.Ref[place];
+        if (index < 0 || index >= list.Count || seen[index]++ ||
+            (place > 0 && list.Strings(list.Ref[place - 1]) > list.Strings(index)))
+            return ::testing::AssertionFailure() << "Ref[" << place << "] = " << index;
+    }
+    return ::testing::AssertionSuccess();
 }
 
-// The entry texts in Array order, joined with ",".
-std::string Texts(const StringList& list) {
+// The texts in Array order, joined with ",", after adding those given.
+std::string Texts(StringList& list, std::initializer_list<const char*> add = {}) {
+    for (const char* t : add)
+        list.AddObject(t, Obj(t[0]), true);
     std::string out;
     for (int i = 0; i < list.Count; ++i)
         out += (i ? "," : "") + list.Strings(i);
@@ -43,224 +33,172 @@ std::string Texts(const StringList& list) {
 
 } // namespace
 
-TEST(StringList, OutOfRangeAccessAndRefusedChanges) {
+TEST(StringList, LimitsSortedModeRandomSequencesFreeFunctionsListAndRegistry) {
     StringList list;
-    EXPECT_EQ(list.Objects(0), nullptr);
-    EXPECT_EQ(list.AddObjToString(Obj(5), 0), -1);
     list.AddString("a");
     EXPECT_EQ(list.Strings(-1), "");
     list.NullObject = Obj(99);
     EXPECT_EQ(list.Objects(list.Count), Obj(99));
-    EXPECT_EQ(list.AddObjToString(Obj(5), 0), 0);
-    for (int bad : {-1, 1}) {
-        EXPECT_EQ(list.AddObjToString(Obj(6), bad), -1);
-        EXPECT_EQ(list.ChString(bad, "x"), -1);
-        list.Delete(bad);
-    }
+    const int replaced[][2] = {{0, 0}, {-1, -1}, {1, -1}};
+    for (const auto& r : replaced)
+        EXPECT_EQ(list.AddObjToString(Obj(5 - r[0]), r[0]), r[1]) << r[0];
     EXPECT_EQ(list.Objects(0), Obj(5));
     // A negative place inserts at the front.
     EXPECT_EQ(list.Insert(-2, "b"), 1);
     EXPECT_EQ(Texts(list), "b,a");
     EXPECT_TRUE(RefIsSortedPermutation(list));
-}
 
-TEST(StringList, GrowsInStepsOf50AndClearShrinks) {
-    StringList list;
-    for (int i = 0; i < 101; ++i)
+    // Growth in steps of 50; Clear shrinks, but not an empty list.
+    for (int i = 0; i < 99; ++i)
         list.AddString("s" + std::to_string(i));
     EXPECT_EQ(list.Capacity, 150);
     list.Clear();
-    EXPECT_EQ(list.Capacity, 50);
-    EXPECT_EQ(list.IndexOf("s1"), -1);
-
-    // Clear of an empty list changes nothing, not even the capacity.
+    EXPECT_TRUE(list.Capacity == 50 && list.Count == 0);
     StringList big(120);
     big.Clear();
     EXPECT_EQ(big.Capacity, 120);
     StringList none(0);
     EXPECT_EQ(none.AddString("first"), 0);
     EXPECT_EQ(none.Capacity, 50);
-}
 
-TEST(StringList, IndexingAndIndexOfAfterPos) {
     // Bytes compare unsigned: the Cyrillic letter sorts after ASCII.
-    StringList list;
-    for (const char* s : {"\xd0\xb0", "z", ""})
-        list.AddString(s);
-    EXPECT_EQ(list.Ref[list.Count - 1], 0);
-
+    StringList bytes;
+    Texts(bytes, {"\xd0\xb0", "z", ""});
+    EXPECT_EQ(bytes.Ref[2], 0);
     StringList three;
-    Fill(three, {"d", "b", "f"});
+    Texts(three, {"d", "b", "f"});
     const std::pair<const char*, int> places[] = {{"a", 0}, {"c", 1}, {"e", 2}, {"g", 3}};
     for (const auto& p : places)
         EXPECT_EQ(three.Indexing(p.first, 3), p.second) << p.first;
     EXPECT_EQ(three.Indexing("c", 1), 1); // among "b" only
-
     StringList scan;
-    Fill(scan, {"a", "b", "a", "c", "a"});
+    Texts(scan, {"a", "b", "a", "c", "a"});
     const int after[][3] = {{0, 'a', 0}, {1, 'a', 2}, {3, 'b', -1}, {5, 'a', -1}, {-1, 'a', -1}};
     for (const auto& a : after)
         EXPECT_EQ(scan.IndexOfAfterPos(a[0], std::string(1, char(a[1]))), a[2]) << a[0];
-}
 
-TEST(StringList, SortedModeKeepsArrayInOrder) {
-    StringList list;
-    list.SortedFlag = true;
+    StringList sorted;
+    sorted.SortedFlag = true;
     for (const char* s : {"m", "c", "x"})
-        list.AddString(s);
-    EXPECT_EQ(list.AddObject("f", Obj(7), true), 1);
-    EXPECT_EQ(Texts(list), "c,f,m,x");
-
+        sorted.AddString(s);
+    EXPECT_EQ(sorted.AddObject("f", Obj(7), true), 1);
+    EXPECT_EQ(Texts(sorted), "c,f,m,x");
     // Duplicates: refused with -1, -2, or let in.
-    EXPECT_EQ(list.AddString("x"), -1);
-    list.DupMode = 1;
-    EXPECT_EQ(list.AddString("c"), -2);
-    list.DupMode = 2;
-    int p = list.AddString("f");
+    EXPECT_EQ(sorted.AddString("x"), -1);
+    sorted.DupMode = 1;
+    EXPECT_EQ(sorted.AddString("c"), -2);
+    sorted.DupMode = 2;
+    const int p = sorted.AddString("f");
     EXPECT_TRUE(p == 1 || p == 2);
     // InsertObject appends in order as well.
-    list.DupMode = 0;
-    EXPECT_EQ(list.InsertObject(0, "z", nullptr), 5);
-    EXPECT_EQ(list.InsertObject(0, "c", nullptr), -1);
-
+    sorted.DupMode = 0;
+    EXPECT_EQ(sorted.InsertObject(0, "z", nullptr), 5);
+    EXPECT_EQ(sorted.InsertObject(0, "c", nullptr), -1);
     // Delete in sorted mode only lowers the count and blanks the first slot.
-    list.Delete(0);
-    EXPECT_EQ(Texts(list), ",f,f,m,x");
-    EXPECT_EQ(list.Objects(0), nullptr);
-}
-
-// Random sequences of every change against a plain vector, with many
-// duplicates; Array, Ref and IndexOf are checked after each step.
-TEST(StringList, RandomSequencesMatchReferenceModel) {
+    sorted.Delete(0);
+    EXPECT_EQ(Texts(sorted), ",f,f,m,x");
+    EXPECT_EQ(sorted.Objects(0), nullptr);
+    // Random changes against a vector; Array, Ref and IndexOf checked after each.
     std::mt19937 rng(20240611);
     for (int round = 0; round < 40; ++round) {
-        StringList list;
+        StringList rlist;
         std::vector<std::pair<std::string, void*>> model;
         bool refSorted = true;
         long next = 1;
         auto text = [&] { return "n" + std::to_string(rng() % 25); };
         for (int step = 0; step < 300; ++step) {
-            int count = static_cast<int>(model.size());
-            int op = rng() % 100;
+            const int count = static_cast<int>(model.size());
+            const int op = rng() % 100;
             int i = static_cast<int>(rng() % (count + 3)) - 1;
             if (op < 35) {
-                bool sorted = op < 30;
-                std::string t = text();
-                ASSERT_EQ(list.AddObject(t, Obj(next), sorted), count);
+                const bool sorted = op < 30;
+                const std::string t = text();
+                ASSERT_EQ(rlist.AddObject(t, Obj(next), sorted), count);
                 model.emplace_back(t, Obj(next++));
                 refSorted = refSorted && (sorted || count == 0);
             } else if (op < 55) {
                 i = std::max(i, 0);
-                std::string t = text();
-                ASSERT_EQ(list.InsertObject(i, t, Obj(next)), i >= count ? count : i + 1);
+                const std::string t = text();
+                ASSERT_EQ(rlist.InsertObject(i, t, Obj(next)), i >= count ? count : i + 1);
                 model.insert(model.begin() + std::min(i, count), {t, Obj(next++)});
                 refSorted = refSorted || i < count;
             } else if (op < 75) {
-                list.Delete(i);
+                rlist.Delete(i);
                 if (i >= 0 && i < count)
                     model.erase(model.begin() + i);
             } else if (op < 95) {
-                std::string t = text();
-                bool inside = i >= 0 && i < count;
-                ASSERT_EQ(list.ChString(i, t), inside ? i : -1);
+                const std::string t = text();
+                const bool inside = i >= 0 && i < count;
+                ASSERT_EQ(rlist.ChString(i, t), inside ? i : -1);
                 if (inside) {
                     model[i].first = t;
                     refSorted = true;
                 }
-            } else if (op < 97) {
-                list.Clear();
+            } else {
+                rlist.Clear();
                 model.clear();
                 refSorted = true;
-            } else if (count > 0) {
-                // Objects are searched by pointer in insertion order.
-                int k = static_cast<int>(rng() % count);
-                ASSERT_EQ(FindIdObjByPtr(model[k].second, &list), k);
             }
-            SCOPED_TRACE("round " + std::to_string(round) + " step " + std::to_string(step));
-            ASSERT_EQ(list.Count, static_cast<int>(model.size()));
-            for (int e = 0; e < list.Count; ++e) {
-                ASSERT_EQ(list.Strings(e), model[e].first) << e;
-                ASSERT_EQ(list.Objects(e), model[e].second) << e;
+            SCOPED_TRACE(std::to_string(round) + "/" + std::to_string(step));
+            ASSERT_EQ(rlist.Count, static_cast<int>(model.size()));
+            for (int e = 0; e < rlist.Count; ++e) {
+                ASSERT_EQ(rlist.Strings(e), model[e].first) << e;
+                ASSERT_EQ(rlist.Objects(e), model[e].second) << e;
             }
-            ASSERT_TRUE(list.Capacity >= list.Count && list.Capacity % 50 == 0);
+            ASSERT_TRUE(rlist.Capacity >= rlist.Count && rlist.Capacity % 50 == 0);
             if (!refSorted)
                 continue;
-            ASSERT_TRUE(RefIsSortedPermutation(list));
+            ASSERT_TRUE(RefIsSortedPermutation(rlist));
             for (const auto& entry : model)
-                ASSERT_EQ(list.Strings(list.IndexOf(entry.first)), entry.first);
+                ASSERT_EQ(rlist.Strings(rlist.IndexOf(entry.first)), entry.first);
         }
     }
-}
-
-TEST(StringList, FreeFunctions) {
-    StringList* list = nullptr;
-    EXPECT_EQ(Add2StringList(list, "b", Obj(1)), 0);
-    ASSERT_NE(list, nullptr);
-    EXPECT_EQ(Add2StringList(list, "a", Obj(2)), 1);
-    EXPECT_EQ(list->IndexOf("a"), 1);
-    list->AddObject("c", Obj(2), true);
-    EXPECT_EQ(FindIdObjByPtr(Obj(2), list), 1); // the first one
-    EXPECT_EQ(FindIdObjByPtr(Obj(3), list), -1);
+    // The free functions create the list and find the first object.
+    StringList* made = nullptr;
+    EXPECT_EQ(Add2StringList(made, "b", Obj(1)), 0);
+    EXPECT_EQ(Add2StringList(made, "a", Obj(2)), 1);
+    made->AddObject("c", Obj(2), true);
+    EXPECT_EQ(FindIdObjByPtr(Obj(2), made), 1);
+    EXPECT_EQ(FindIdObjByPtr(Obj(3), made), -1);
     EXPECT_EQ(FindIdObjByPtr(Obj(2), nullptr), -1);
-    delete list;
-
-    // compOb orders the slots by their address, not by what they hold.
-    int refs[2] = {1, 0};
-    EXPECT_EQ(compOb(&refs[0], &refs[0]), 0);
-    EXPECT_EQ(compOb(&refs[0], &refs[1]), -1);
-    EXPECT_EQ(compOb(&refs[1], &refs[0]), 1);
-}
-
-TEST(List, AddFindDeleteSort) {
-    List list;
+    delete made;
+    List ptrs;
     int items[120];
-    // Added out of address order.
     for (int i = 0; i < 120; ++i)
-        EXPECT_EQ(list.Add(&items[(i * 37) % 120]), i);
-    EXPECT_EQ(list.IndexOf(&items[(119 * 37) % 120]), 119);
-    EXPECT_EQ(list.Items(120), nullptr);
-    EXPECT_EQ(list.Items(-1), nullptr);
-    int outside = 0;
-    int index = 7;
-    EXPECT_FALSE(list.Find(&outside, index));
-    EXPECT_EQ(index, -1);
-    EXPECT_EQ(FindPtrInList(&items[37], &list), 1);
+        EXPECT_EQ(ptrs.Add(&items[(i * 37) % 120]), i);
+    EXPECT_EQ(ptrs.IndexOf(&items[(119 * 37) % 120]), 119);
+    EXPECT_TRUE(!ptrs.Items(120) && !ptrs.Items(-1));
+    int outside = 0, index = 7;
+    EXPECT_TRUE(!ptrs.Find(&outside, index) && index == -1);
+    EXPECT_EQ(FindPtrInList(&items[37], &ptrs), 1);
     EXPECT_EQ(FindPtrInList(&items[0], nullptr), -1);
-
-    list.Remove(&items[37]);
-    EXPECT_EQ(list.IndexOf(&items[74]), 1);
-    list.Remove(&outside);
-    list.Delete(-1);
-    list.Delete(list.Count);
-    EXPECT_EQ(list.Count, 119);
-    list.Clear();
-    EXPECT_EQ(list.Capacity, 50);
-
-    // Sort compares slots, not pointers: the order stays as it is.
+    ptrs.Remove(&items[37]);
+    EXPECT_EQ(ptrs.IndexOf(&items[74]), 1);
+    ptrs.Remove(&outside);
+    ptrs.Delete(-1);
+    ptrs.Delete(ptrs.Count);
+    EXPECT_EQ(ptrs.Count, 119);
+    ptrs.Clear();
+    EXPECT_EQ(ptrs.Capacity, 50);
+    // Sort compares slots, not pointers; Delete in sorted mode only lowers the count.
     List small;
     for (int i : {5, 1, 3})
         small.Add(&items[i]);
     small.Sort();
     EXPECT_EQ(small.Items(0), &items[5]);
-    // Sorted mode: Delete only lowers the count.
     small.Delete(0);
-    EXPECT_EQ(small.Count, 2);
-    EXPECT_EQ(small.Items(0), nullptr);
-}
+    EXPECT_TRUE(small.Count == 2 && !small.Items(0));
 
-TEST(MyStringListRegistry, AddObjFindAndOwnership) {
     class MyStringList registry(false);
     int a = 0, b = 0;
     EXPECT_EQ(registry.AddObj("a", &a), 1);
     EXPECT_EQ(registry.AddObj("b", &b), 2);
     EXPECT_EQ(registry.AddObj("a", &b), -1);
     EXPECT_EQ(registry.FindActByName("a"), &a);
-    // A name held with a null object does not block a new entry, but the
-    // first entry still answers.
+    // A null object does not block the name, but its entry still answers.
     EXPECT_EQ(registry.AddObj("n", nullptr), 3);
     EXPECT_EQ(registry.AddObj("n", &a), 4);
     EXPECT_EQ(registry.FindActByName("n"), nullptr);
-
     for (bool owner : {true, false}) {
         bool destroyed = false;
         QObject* object = new QObject;

@@ -2,7 +2,6 @@
 #include "support/UStringList.h"
 
 #include <gtest/gtest.h>
-#include <vector>
 
 namespace {
 
@@ -10,7 +9,7 @@ void* Obj(long n) {
     return reinterpret_cast<void*>(n);
 }
 
-// root { a { a1, a2 }, b, c { c1 } }
+// root { a { a1, A2 }, b, c { c1 } }
 struct Tree {
     myNode* root = new myNode("root", Obj(100));
     myNode* a = root->AddChild("a", Obj(1));
@@ -21,6 +20,13 @@ struct Tree {
     myNode* c1 = c->AddChild("c1", Obj(31));
     ~Tree() { root->DeleteSubTree(); }
 };
+
+std::string Texts(const StringList& list) {
+    std::string out;
+    for (int i = 0; i < list.Count; ++i)
+        out += (i ? "," : "") + list.Strings(i);
+    return out;
+}
 
 // Each sibling's links agree with its neighbours and its parent.
 void ExpectChain(myNode* parent, const std::vector<myNode*>& children) {
@@ -35,158 +41,104 @@ void ExpectChain(myNode* parent, const std::vector<myNode*>& children) {
 
 } // namespace
 
-TEST(myNode, AddChildLinksSiblings) {
+TEST(myNode, InsertionFullNameToListSearchAndRemoval) {
     Tree t;
-    ExpectChain(t.root, {t.a, t.b, t.c});
     ExpectChain(t.a, {t.a1, t.a2});
-    EXPECT_EQ(t.root->GetChildById(3), nullptr);
     EXPECT_EQ(t.root->GetChildById(1), t.b);
-    EXPECT_EQ(t.root->GetChildRow(t.b), 1);
-    EXPECT_EQ(t.root->GetChildRow(t.a1), -1);
-    EXPECT_EQ(t.root->GetChildRow(nullptr), -1);
+    EXPECT_EQ(t.root->GetChildById(3), nullptr);
+    EXPECT_TRUE(t.root->GetChildRow(t.b) == 1 && t.root->GetChildRow(t.a1) == -1 &&
+                t.root->GetChildRow(nullptr) == -1);
     EXPECT_EQ(t.a->GetLastSibling(), t.c);
-    EXPECT_EQ(t.b->AddChild(nullptr), 1);
-    EXPECT_EQ(t.b->FirstChild, nullptr);
-}
+    EXPECT_TRUE(t.b->AddChild(nullptr) == 1 && !t.b->FirstChild);
 
-TEST(myNode, AddSiblingRefusesLinkedNodes) {
-    Tree t;
+    myNode* first = new myNode("first", Obj(50));
+    EXPECT_TRUE(t.root->AddChildAsFirst(first) == 0 && t.root->AddChildAsFirst(nullptr) == 1);
+    myNode* mid = t.a->AddAsSibling("mid", Obj(51));
+    myNode* last = t.c->AddAsSibling("last", nullptr);
+    ExpectChain(t.root, {first, t.a, mid, t.b, t.c, last});
+    // AddUniqueChild reuses the child carrying the object.
+    EXPECT_EQ(t.a->AddUniqueChild("other name", Obj(12)), t.a2);
+    myNode* fresh = t.a->AddUniqueChild("a3", Obj(13));
+    ExpectChain(t.a, {t.a1, t.a2, fresh});
+
+    // AddSibling refuses linked nodes, else appends and takes the chain's Parent.
     myNode* loose = new myNode("x");
     loose->Parent = t.root;
     EXPECT_EQ(t.a->AddSibling(loose), 1);
-    EXPECT_EQ(t.c->Next, nullptr);
     loose->Parent = nullptr;
     loose->Prev = t.b;
     EXPECT_EQ(t.a->AddSibling(loose), 1);
     loose->Prev = nullptr;
     EXPECT_EQ(t.a->AddSibling(nullptr), 1);
-    // Accepted: goes after the last sibling and takes its Parent.
     EXPECT_EQ(t.a->AddSibling(loose), 0);
     EXPECT_EQ(t.b->AddSibling("y", Obj(9)), 0);
-    ExpectChain(t.root, {t.a, t.b, t.c, loose, loose->Next});
+    ExpectChain(t.root, {first, t.a, mid, t.b, t.c, last, loose, loose->Next});
     EXPECT_EQ(loose->Next->name, "y");
-    // A root's sibling has no parent to take.
     myNode* other = new myNode("other");
-    EXPECT_EQ(t.root->AddSibling(other), 0);
-    EXPECT_EQ(other->Parent, nullptr);
-}
-
-TEST(myNode, InsertsAtFrontAndAfterNode) {
-    Tree t;
-    myNode* first = new myNode("first", Obj(50));
-    EXPECT_EQ(t.root->AddChildAsFirst(first), 0);
-    EXPECT_EQ(t.root->AddChildAsFirst(nullptr), 1);
-    myNode* mid = t.a->AddAsSibling("mid", Obj(51));
-    myNode* last = t.c->AddAsSibling("last", nullptr);
-    ExpectChain(t.root, {first, t.a, mid, t.b, t.c, last});
-
-    // AddUniqueChild reuses the child carrying the object.
-    EXPECT_EQ(t.a->AddUniqueChild("other name", Obj(12)), t.a2);
-    myNode* fresh = t.a->AddUniqueChild("a3", Obj(13));
-    ExpectChain(t.a, {t.a1, t.a2, fresh});
-}
-
-TEST(myNode, FindsByObjectAndName) {
-    Tree t;
-    // Objects: this node and following siblings, never children.
-    EXPECT_EQ(t.a->FindNodeByObject(Obj(3)), t.c);
-    EXPECT_EQ(t.b->FindNodeByObject(Obj(1)), nullptr);
-    EXPECT_EQ(t.a->FindNodeByObject(Obj(11)), nullptr);
-
-    // Names: depth first, the subtree before the next sibling, any case.
-    EXPECT_EQ(t.root->FindNodeByName("C1", 0), t.c1);
-    EXPECT_EQ(t.b->FindNodeByName("a1", 0), nullptr);
-    t.a1->name = "b";
-    EXPECT_EQ(t.a->FindNodeByName("B", 0), t.a1);
-
-    myNode* found = nullptr;
-    EXPECT_TRUE(t.a1->FindNodeByNameL("A2", found));
-    EXPECT_EQ(found, t.a2);
-    EXPECT_FALSE(t.a1->FindNodeByNameL("a2", found));
-    EXPECT_EQ(found, nullptr);
-}
-
-TEST(myNode, FindNodeByLongNameIgnoresCase) {
-    Tree t;
-    struct Row {
-        myNode* from;
-        const char *path, *sep;
-        myNode* found;
-    };
-    const Row rows[] = {
-        {t.root, "ROOT$A$a2", "$", t.a2}, {t.a, "C$c1", "$", t.c1},
-        {t.a, "a/A1", "/", t.a1},         {t.a, "b$x", "$", nullptr}, // b has no children
-        {t.a, "a$zz", "$", nullptr},                                  // no such child
-        {t.a, "q$a1", "$", nullptr},      {t.b, "a", "$", nullptr},   // siblings after b only
-    };
-    for (const Row& r : rows)
-        EXPECT_EQ(r.from->FindNodeByLongName(r.path, r.sep), r.found) << r.path;
-}
-
-TEST(myNode, FullNameAndToList) {
-    Tree t;
-    EXPECT_EQ(t.a2->GetFullName(), "root$a$A2");
+    EXPECT_TRUE(t.root->AddSibling(other) == 0 && !other->Parent);
+    Tree u;
+    EXPECT_EQ(u.a2->GetFullName(), "root$a$A2");
     // The parent is taken from the first sibling of the chain.
-    t.a2->Parent = nullptr;
-    EXPECT_EQ(t.a2->GetFullName(), "root$a$A2");
-    t.a1->Parent = nullptr;
-    EXPECT_EQ(t.a2->GetFullName(), "A2");
-    t.a1->Parent = t.a;
-    t.a2->Parent = t.a;
-
-    StringList list;
-    t.root->ToList("pre", &list);
-    const char* expected[] = {"pre$root",   "pre$root$a", "pre$root$a$a1", "pre$root$a$A2",
-                              "pre$root$b", "pre$root$c", "pre$root$c$c1"};
-    ASSERT_EQ(list.Count, 7);
-    for (int i = 0; i < 7; ++i)
-        EXPECT_EQ(list.Strings(i), expected[i]);
+    u.a2->Parent = nullptr;
+    EXPECT_EQ(u.a2->GetFullName(), "root$a$A2");
+    u.a1->Parent = nullptr;
+    EXPECT_EQ(u.a2->GetFullName(), "A2");
+    u.a1->Parent = u.a2->Parent = u.a;
+    StringList list, fromChild;
+    u.root->ToList("pre", &list);
+    EXPECT_EQ(Texts(list), "pre$root,pre$root$a,pre$root$a$a1,pre$root$a$A2,pre$root$b,pre$root$c,"
+                           "pre$root$c$c1");
     EXPECT_EQ(list.Objects(3), Obj(12));
-    StringList fromChild;
-    t.b->ToList("", &fromChild);
-    ASSERT_EQ(fromChild.Count, 3);
-    EXPECT_EQ(fromChild.Strings(2), "$c$c1");
-}
+    u.b->ToList("", &fromChild);
+    EXPECT_EQ(Texts(fromChild), "$b,$c,$c$c1");
 
-TEST(myNode, DeleteNodeUnlinksAndReturnsNeighbour) {
-    Tree t;
-    myNode* mid = t.a->AddAsSibling("mid", nullptr);
-    mid->AddChild("m1", nullptr);
-    mid->AddChild("m2", nullptr);
-    // The only child gives its parent back; a middle or last node its Prev;
-    // the first node its Next. Children are freed with the node.
-    EXPECT_EQ(t.c1->DeleteNode(), t.c);
-    EXPECT_EQ(t.c->FirstChild, nullptr);
-    delete t.c1;
-    const std::pair<myNode*, myNode*> steps[] = {{mid, t.a}, {t.a, t.b}, {t.c, t.b}};
+    // Objects: this node and following siblings, never children.
+    EXPECT_TRUE(u.a->FindNodeByObject(Obj(3)) == u.c && !u.b->FindNodeByObject(Obj(1)) &&
+                !u.a->FindNodeByObject(Obj(11)));
+    // Names: depth first, the subtree before the next sibling, any case.
+    EXPECT_EQ(u.root->FindNodeByName("C1", 0), u.c1);
+    EXPECT_EQ(u.b->FindNodeByName("a1", 0), nullptr);
+    myNode* found = nullptr;
+    EXPECT_TRUE(u.a1->FindNodeByNameL("A2", found) && found == u.a2);
+    EXPECT_TRUE(!u.a1->FindNodeByNameL("a2", found) && !found);
+    const std::tuple<myNode*, const char*, const char*, myNode*> rows[] = {
+        {u.root, "ROOT$A$a2", "$", u.a2}, {u.a, "C$c1", "$", u.c1},    {u.a, "a/A1", "/", u.a1},
+        {u.a, "b$x", "$", nullptr},       {u.a, "a$zz", "$", nullptr}, {u.a, "q$a1", "$", nullptr},
+        {u.b, "a", "$", nullptr}}; // siblings after b only
+    for (const auto& r : rows)
+        EXPECT_EQ(std::get<0>(r)->FindNodeByLongName(std::get<1>(r), std::get<2>(r)),
+                  std::get<3>(r))
+            << std::get<1>(r);
+    u.a1->name = "b";
+    EXPECT_EQ(u.a->FindNodeByName("B", 0), u.a1);
+    Tree t2;
+    myNode* middle = t2.a->AddAsSibling("middle", nullptr);
+    middle->AddChild("m1", nullptr);
+    middle->AddChild("m2", nullptr);
+    // Returns Prev, else Next, else Parent; the children are freed.
+    EXPECT_TRUE(t2.c1->DeleteNode() == t2.c && !t2.c->FirstChild);
+    delete t2.c1;
+    const std::pair<myNode*, myNode*> steps[] = {{middle, t2.a}, {t2.a, t2.b}, {t2.c, t2.b}};
     for (const auto& step : steps) {
         EXPECT_EQ(step.first->DeleteNode(), step.second) << step.first->name;
         EXPECT_EQ(step.first->FirstChild, nullptr);
         delete step.first;
     }
-    ExpectChain(t.root, {t.b});
-}
+    ExpectChain(t2.root, {t2.b});
 
-TEST(myNode, DeleteChildrenAndSubTree) {
-    Tree t;
-    myNode* old = t.a->FirstChild;
-    t.a->DeleteChidren();
-    EXPECT_EQ(t.a->FirstChild, nullptr);
-    EXPECT_EQ(t.a->Saved, old); // kept, dangling
+    Tree u2;
+    myNode* old = u2.a->FirstChild;
+    u2.a->DeleteChidren();
+    EXPECT_TRUE(!u2.a->FirstChild && u2.a->Saved == old); // kept, dangling
+    // DeleteSubTree takes the following siblings along.
+    u2.b->DeleteSubTree();
+    EXPECT_TRUE(!u2.a->Next && u2.root->GetChildCount() == 1);
+    u2.a->DeleteSubTree();
+    EXPECT_EQ(u2.root->FirstChild, nullptr);
 
-    // DeleteSubTree of a middle child takes the following siblings along.
-    t.b->DeleteSubTree();
-    EXPECT_EQ(t.a->Next, nullptr);
-    EXPECT_EQ(t.root->GetChildCount(), 1);
-    // Of the first child: the parent is left without children.
-    t.a->DeleteSubTree();
-    EXPECT_EQ(t.root->FirstChild, nullptr);
-}
-
-TEST(myNode, LongSiblingChainIsHandled) {
-    myNode* root = new myNode("root");
+    myNode* bigRoot = new myNode("bigRoot");
     for (int i = 0; i < 200000; ++i)
-        root->AddAsSibling("n", nullptr);
-    EXPECT_EQ(root->FindNodeByName("missing", 0), nullptr);
-    root->DeleteSubTree();
+        bigRoot->AddAsSibling("n", nullptr);
+    EXPECT_EQ(bigRoot->FindNodeByName("missing", 0), nullptr);
+    bigRoot->DeleteSubTree();
 }

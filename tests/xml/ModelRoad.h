@@ -1,6 +1,4 @@
-// The road of a model text into memory as the form takes it on load, and its
-// teardown; shared by the XML tests, the fuzz target and the benchmark, which
-// all include this header.
+// A model text into memory as the form loads it, and back out; also for fuzz and bench.
 #pragma once
 
 #include <QFile>
@@ -12,9 +10,7 @@
 #include "model/XmlText.h"
 #include "support/myNode.h"
 
-// The type tables are sorted and upper-cased once per process, as the form's
-// constructor does before any model is read. The model's text is UTF-8 and
-// so is the local 8-bit encoding.
+// The type tables sorted once per process as the form does; locale UTF-8.
 inline void PrepareModelTables() {
     static bool done = false;
     if (done)
@@ -35,10 +31,7 @@ inline std::string ReadWholeFile(const QString& path) {
     return file.readAll().toStdString();
 }
 
-// Parses text as UTF-8 and reads it into pDcDTTP and pVCC, then validates the
-// templates, completes the structures, binds the data sets and fills the
-// tree, whose root is returned in *tree (null when the text holds no DcVCC).
-// False, with nothing read, when the text doesn't parse.
+// Reads text into pDcDTTP, pVCC and *tree; false, nothing read, when it doesn't parse.
 inline bool ReadModelText(const std::string& text, myNode** tree) {
     *tree = nullptr;
     TiXmlDocument doc;
@@ -50,7 +43,6 @@ inline bool ReadModelText(const std::string& text, myNode** tree) {
     if (!pVCC)
         return true;
     *tree = new myNode(pVCC->name, pVCC);
-    // A document without DcTemplate leaves no template set to validate.
     if (pDcDTTP)
         pDcDTTP->ValidVar();
     pVCC->BornDO();
@@ -59,8 +51,7 @@ inline bool ReadModelText(const std::string& text, myNode** tree) {
     return true;
 }
 
-// Frees the tree and the model as the clearing flow does; deleting here is
-// teardown, not editing.
+// Frees the tree and the model as the clearing flow does, without signals.
 inline void ClearModel(myNode*& tree) {
     needemit = false;
     if (tree)
@@ -72,8 +63,7 @@ inline void ClearModel(myNode*& tree) {
     pDcDTTP = nullptr;
 }
 
-// The frame that the form puts around the writers' output, with the model's
-// own line ends kept as they are.
+// The frame that the form puts around the writers' output.
 inline std::string FrameModelText(const QString& body) {
     return "<?xml version = \"1.0\" ?>\r\n"
            "<xsd:schema xmlns:xsd = \"http://www.w3.org/2001/XMLSchema\">\r\n"

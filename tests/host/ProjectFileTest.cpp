@@ -1,11 +1,9 @@
-// The project file: round trips, refusals, layout and the atomic save.
+// The project file: round trips, refusals and the atomic save.
 #include "host/ProjectFile.h"
 #include "common/SmallProject.h"
 #include "common/TempFiles.h"
-#include "host/DemoProject.h"
 
 #include <QDir>
-#include <QJsonDocument>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -97,29 +95,4 @@ TEST(ProjectFile, SaveReplacesTheFileAtomically) {
     EXPECT_TRUE(error.startsWith(notJson));
     EXPECT_FALSE(LoadProject(none, dir.filePath("none.json"), &error));
     EXPECT_TRUE(none.roots().isEmpty());
-}
-
-TEST(ProjectFile, WrittenInQtsIndentedLayout) {
-    HostProject p;
-    HostObject* root = p.create(nullptr, cotProject);
-    // A leading byte-order mark is dropped; a sequence cut short becomes U+FFFD.
-    root->set("caption", QByteArray("\xEF\xBB\xBF"
-                                    "a \"q\" \\\t\x01\xD0"));
-    root->addParam(Param("blob", cptText, QByteArray("\xff"), "b"));
-    HostProject empty;
-    HostProject demo;
-    BuildDemoProject(demo);
-    HostObject* tag = demo.findFirst(cotSource);
-    tag->set("procMul", 1e20);
-    tag->set("procAdd", -0.1);
-    tag->set("procClear", 1e300);
-    tag->set("procAperture", 1.0 / 3);
-    tag->addParam(Param("Zeta", cptDouble, -2147483648.0, "К"));
-    for (HostProject* project : {&p, &empty, &demo}) {
-        const QByteArray json = ProjectToJson(*project);
-        EXPECT_EQ(QJsonDocument::fromJson(json).toJson(QJsonDocument::Indented), json);
-    }
-    const QByteArray json = ProjectToJson(p);
-    EXPECT_TRUE(json.contains("\"caption\": \"a \\\"q\\\" \\\\\\t\\u0001\xEF\xBF\xBD\",\n"));
-    EXPECT_TRUE(json.contains("\"base64\": \"/w==\""));
 }

@@ -15,23 +15,6 @@ QByteArray File(const char* objects) {
 }
 } // namespace
 
-TEST(ProjectFile, RoundTripKeepsTreeValuesAndKeys) {
-    SmallProject p;
-    p.unit2->set("$DATARUN", QByteArray("\xff\xfe\0bin", 6));
-    p.tagReal->set("procMul", 0.1);
-    p.line->addParam(Param("extraRatio", cptDouble, 2.0, "Коэффициент"));
-    const QByteArray json = ProjectToJson(p.host);
-    HostProject copy;
-    QString error;
-    ASSERT_TRUE(ProjectFromJson(copy, json, &error)) << qPrintable(error);
-    EXPECT_EQ(ProjectToJson(copy), json);
-    // The same text again could hide a reader that drops what it can't take.
-    EXPECT_EQ(copy.findAll(cotUnit).value(1)->get("$DATARUN").toByteArray(),
-              QByteArray("\xff\xfe\0bin", 6));
-    EXPECT_EQ(copy.findFirst(cotLine)->param("extraRatio")->type, cptDouble);
-    EXPECT_EQ(copy.findFirst(cotFolderSource)->children().first()->kind(), cotFolderSource);
-}
-
 TEST(ProjectFile, HandWrittenFileAndRefusals) {
     HostProject project;
     QString error;

@@ -36,7 +36,8 @@ TEST(Titles, TitleListsTemplatesAndTheNumber) {
                  "Частота|1|true|Freq|0_1"},
                 {"caption,number,using,tag_name,domain,isinDataSet", "%s|%s|%s|%s|%s|%s", p.tagReal,
                  "Unknow_1"},
-                {nullptr, "%s", p.folder[0], "Unknow"}, // no title list at all
+                {"caption,number", "%s (№ %s)", p.unit2, "Сервер 2 (№ 2)"}, // no number added
+                {nullptr, "%s", p.folder[0], "Unknow"},                     // no title list at all
                 {"caption", nullptr, p.folder[0], "NULLPTR"},
                 {"caption", "%s", p.tagPass, "Мощность_0", "number"}};
     PatchedTable scripted;

@@ -13,6 +13,11 @@ inline ino_t Inode(const QString& path) {
     return stat(path.toLocal8Bit().constData(), &st) == 0 ? st.st_ino : 0;
 }
 
+inline QByteArray ReadFile(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 inline QByteArray WriteFile(const QString& path, const QByteArray& bytes) {
     QFile f(path);
     f.open(QIODevice::WriteOnly);

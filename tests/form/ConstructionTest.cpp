@@ -1,5 +1,4 @@
-// The form as built: connections, file commands, icons, the key and focus
-// filter, and the context menu's states.
+// The form as built: connections, commands, key and focus filter, context menu.
 #include "common/FormFixture.h"
 
 #include "form/CfgIecArven.h"
@@ -77,26 +76,6 @@ TEST_F(FormBuilt, BarsMenusAndActions) {
     EXPECT_EQ(boxes.count(), 0);
 }
 
-TEST_F(FormBuilt, ImageListAndFilters) {
-    EXPECT_EQ(f->ImageList->Count, 36);
-    for (int i = 0; i < f->ImageList->Count; ++i) {
-        auto pixmap = static_cast<QPixmap*>(f->ImageList->Objects(i));
-        ASSERT_NE(pixmap, nullptr);
-        EXPECT_FALSE(pixmap->isNull()) << f->ImageList->Strings(i);
-    }
-    EXPECT_FALSE(f->ImageIcon("CtrlSource").isNull());
-    EXPECT_TRUE(f->ImageIcon("CtrlSource2").isNull());
-    // The bitmap's white ground is masked out; its case is not.
-    auto green = static_cast<QPixmap*>(f->ImageList->Objects(f->ImageList->IndexOf("Ied16Green")));
-    const QImage image = green->toImage();
-    EXPECT_EQ(qAlpha(image.pixel(0, 0)), 0);
-    EXPECT_EQ(qAlpha(image.pixel(8, 8)), 255);
-
-    for (QTreeView* view : f->findChildren<QTreeView*>())
-        EXPECT_EQ(view->findChildren<qolMouseFilter*>().size(), 1);
-    EXPECT_EQ(f->Filter, f->lWInfo_2->findChild<qolMouseFilter*>());
-}
-
 TEST_F(FormBuilt, KeyAndFocusFilter) {
     // Delete, or X with Control alone, is taken.
     EXPECT_TRUE(TakesKey(f->tVTags, Qt::Key_Delete, Qt::NoModifier));
@@ -163,25 +142,4 @@ TEST_F(FormBuilt, ContextMenuFollowsTheCurrentRow) {
             form->MenuIed->hide();
         }
     });
-}
-
-TEST_F(FormBuilt, StandardMembersLoseSelectionOnceSelected) {
-    QListWidget* list = f->lWInfo_2;
-    const Qt::ItemFlags editable = Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemIsEnabled;
-    auto fill = [&](int rows) {
-        list->clear();
-        for (int i = 0; i < rows; ++i)
-            (new QListWidgetItem(QString::number(i), list))->setFlags(editable);
-    };
-    fill(4);
-    list->item(3)->setSelected(true);
-    EXPECT_EQ(list->item(3)->flags(), editable);
-
-    fill(6);
-    list->item(1)->setSelected(true);
-    list->item(5)->setSelected(true);
-    EXPECT_EQ(list->item(1)->flags(), editable);
-    EXPECT_EQ(list->item(5)->flags(), Qt::ItemIsEnabled);
-    EXPECT_EQ(list->item(4)->flags(), editable);
-    list->clear();
 }

@@ -1,20 +1,15 @@
 // The file commands, the clearing steps of a load and the tag walk.
 #include "common/FormFixture.h"
+#include "common/TempFiles.h"
 
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
 #include "plugin/CfgIecArvenlib.h"
 #include "views/SomeModelsIED.h"
 
-#include <QFile>
 #include <QStatusBar>
 
 namespace {
-
-QByteArray ReadFile(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 QStringList Texts(const StringList& list) {
     QStringList out;
@@ -115,24 +110,6 @@ TEST_F(FormLoadSave, LoadFailuresKeepTheModel) {
     });
     EXPECT_EQ(Datarun(p.unit2), "no model here\nsecond line");
     EXPECT_EQ(boxes.count(), 0);
-}
-
-TEST_F(FormLoadSave, LoadedFileReplacesTheModelOnScreen) {
-    DcVCC* old = nullptr;
-    OpenForm(p.unit2, [&](CfgArvenSR* f) {
-        old = pVCC;
-        QString error;
-        EXPECT_EQ(f->LoadFile(ICCP_GOLDEN_DIR "/rich_input.xml", error), 0);
-        EXPECT_TRUE(error.isEmpty());
-        ASSERT_TRUE(pVCC && pVCC != old && f->tVIed->model());
-        EXPECT_EQ(f->tVIed->model()->index(0, 0).data().toString(),
-                  QString::fromStdString(pVCC->name));
-        EXPECT_NE(pVCC->name, "VCC_1");
-    });
-    const bool emitting = needemit;
-    needemit = false;
-    delete old;
-    needemit = emitting;
 }
 
 TEST_F(FormLoadSave, TemplateReplacementRefusesWhatItCannotUse) {

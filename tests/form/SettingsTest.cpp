@@ -5,7 +5,6 @@
 #include "form/FormSettings.h"
 
 #include <QApplication>
-#include <QLabel>
 #include <QResizeEvent>
 #include <QSettings>
 
@@ -21,10 +20,6 @@ TEST_F(FormSettings, FirstRunTakesTheDefaultsAndTheCloseWritesThem) {
         position = f->pos();
     });
     QSettings s(IniPath(), QSettings::IniFormat);
-    QStringList groups = s.childGroups();
-    groups.sort();
-    EXPECT_EQ(groups, QStringList({"FORM", "ICCPProp", "IedTreeCols", "dimension", "splitter",
-                                   "splitter1", "splitter_2", "splitter_3", "splitter_4"}));
     EXPECT_EQ(s.value("FORM/Width").toInt(), 1408);
     EXPECT_EQ(s.value("FORM/TagModeView").toInt(), 1); // the transmitted values
     EXPECT_EQ(s.value("dimension/pos").toPoint(), position);
@@ -106,49 +101,4 @@ TEST_F(FormSettings, MaximisedCloseKeepsTheNormalSize) {
         EXPECT_EQ(f->WinState, 0);
         EXPECT_EQ(f->size(), QSize(600, 400));
     });
-}
-
-TEST_F(FormSettings, NoNormalSizeKnownWritesNone) {
-    OpenForm(p.unit2, [this](CfgArvenSR* f) {
-        f->setWindowState(Qt::WindowMaximized);
-        f->NormW = 0;
-        f->SaveSettings();
-        QSettings s(IniPath(), QSettings::IniFormat);
-        EXPECT_EQ(s.value("dimension/windowState").toInt(), int(Qt::WindowMaximized));
-        EXPECT_FALSE(s.contains("dimension/Width") || s.contains("dimension/Height") ||
-                     s.contains("dimension/pos"));
-        f->NormW = f->NormH = 500;
-        f->setWindowState(Qt::WindowNoState);
-    });
-}
-
-TEST_F(FormSettings, GroupHelpers) {
-    QSettings s(IniPath(), QSettings::IniFormat);
-    s.setValue("sp/Width", 300);
-    const int sizes[] = {0, -5, 50};
-    for (int i = 0; i < 3; ++i)
-        s.setValue(QString("sp/sizes/%1/size").arg(i + 1), sizes[i]);
-    s.setValue("sp/sizes/size", 3);
-    QSplitter splitter;
-    for (int i = 0; i < 3; ++i)
-        splitter.addWidget(new QLabel);
-    SplitFromIni(s, "sp", &splitter);
-    EXPECT_EQ(splitter.width(), 300);
-    // Sizes of 0 or less count as 30.
-    const QList<int> got = splitter.sizes();
-    ASSERT_EQ(got.size(), 3);
-    EXPECT_LE(qAbs(got[0] - got[1]), 1);
-    EXPECT_NEAR(double(got[2]) / got[0], 50.0 / 30.0, 0.05);
-    SplitFromIni(s, "none", &splitter); // no sizes: left alone
-    EXPECT_EQ(splitter.sizes(), got);
-    // A widget's geometry; a text map split at its first "=" and trimmed.
-    QLabel widget, back;
-    widget.setGeometry(5, 6, 70, 80);
-    Wdg2Ini(s, "w", &widget);
-    WdgFromIni(s, "w", &back);
-    EXPECT_EQ(back.geometry(), QRect(5, 6, 70, 80));
-    QMap<QString, QString> map{{"a", "x=y"}, {"b ", " v "}}, read{{"stale", "1"}};
-    QMap_QStrQStr2Ini(s, "m", map);
-    QMap_QStrQStrFromIni(s, "m", read);
-    EXPECT_EQ(read, (QMap<QString, QString>{{"a", "x=y"}, {"b", "v"}}));
 }

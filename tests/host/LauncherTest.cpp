@@ -1,4 +1,4 @@
-// iccp-host as a person runs it: the command line, refusals, headless runs.
+// iccp-host as a person runs it: its options and refusals, headless runs.
 #include "common/SmallProject.h"
 #include "common/TempFiles.h"
 #include "common/TestApp.h"
@@ -14,8 +14,7 @@ namespace {
 
 struct HostRun {
     int status;
-    QByteArray out;
-    QString err;
+    QString out, err;
 };
 
 HostRun Launch(const QStringList& args) {
@@ -24,110 +23,93 @@ HostRun Launch(const QStringList& args) {
     process.start(ICCP_HOST_PATH, args);
     process.waitForFinished(120000);
     return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            process.readAllStandardOutput(), QString::fromUtf8(process.readAllStandardError())};
-}
-
-// A run that ends with status and says text on its error output.
-void ExpectRun(const QStringList& args, int status, const QString& text) {
-    const HostRun r = Launch(args);
-    EXPECT_EQ(r.status, status) << qPrintable(args.join(' '));
-    EXPECT_TRUE(r.err.contains(text)) << qPrintable(r.err);
+            QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
 }
 
 } // namespace
 
-TEST(Launcher, CommandLineRefusals) {
-    const HostRun r = Launch({"--help"});
-    EXPECT_EQ(r.status, 0);
-    EXPECT_TRUE(r.out.startsWith("usage: iccp-host [PROJECT.json]"));
-    for (const QStringList& bad :
-         {QStringList{"--unit"}, QStringList{"--unit", "-1"}, QStringList{"--unit", "x"},
-          QStringList{"--frobnicate"}, QStringList{"a.json", "b.json"},
-          QStringList{"--click", "tVTags"}, QStringList{"--click", "tVTags:"}})
-        ExpectRun(bad, 2, "usage: iccp-host");
-
+TEST(Launcher, OptionsAndRefusals) {
     QTemporaryDir dir;
-    const QString missing = dir.filePath("missing.json");
-    ExpectRun({missing, "--headless"}, 1, missing);
-
+    const auto at = [&](const char* name) { return dir.filePath(name); };
     HostProject empty;
     empty.create(nullptr, cotProject);
-    const QString noLine = dir.filePath("noline.json");
-    ASSERT_TRUE(SaveProject(empty, noLine));
-    ExpectRun({noLine, "--headless"}, 1, "the project has no line");
-    SmallProject p;
-    const QString small = dir.filePath("small.json");
-    ASSERT_TRUE(SaveProject(p.host, small));
-    ExpectRun({small, "--headless", "--unit", "2"}, 1, "there is no unit 2");
-    ExpectRun({small, "--headless", "--plugin", dir.filePath("none.so")}, 1, "none.so");
-}
-
-TEST(Launcher, HeadlessRunSavesTheProjectAndPrintsTheBlob) {
-    QTemporaryDir dir;
-    const QString path = dir.filePath("small.json");
+    ASSERT_TRUE(SaveProject(empty, at("noline.json")));
     SmallProject p;
     p.unit2->set("$DATARUN", QByteArray("<DcVCC name=\"Srv2\"/>\r\n"));
-    ASSERT_TRUE(SaveProject(p.host, path));
-    const ino_t before = Inode(path);
-
-    const HostRun r = Launch({path, "--unit", "1", "--headless", "--print-datarun"});
-    ASSERT_EQ(r.status, 0) << qPrintable(r.err);
-    EXPECT_NE(Inode(path), before); // written anew and renamed over
-    HostProject saved;
-    ASSERT_TRUE(LoadProject(saved, path));
-    const QByteArray blob = saved.findAll(cotUnit).value(1)->get("$DATARUN").toByteArray();
-    ASSERT_FALSE(blob.isEmpty());
-    EXPECT_EQ(r.out, blob.endsWith('\n') ? blob : blob + '\n');
-}
-
-TEST(Launcher, DemoRunsWithoutAProjectFileAndTimesItsSpans) {
-    const HostRun r = Launch({"--headless", "--timing"});
-    ASSERT_EQ(r.status, 0) << qPrintable(r.err);
-    EXPECT_TRUE(r.err.contains("2.1.0")) << qPrintable(r.err);
-    const QRegularExpression line(
-        "iccp-host: timing load \\d+\\.\\d{3} s, open \\d+\\.\\d{3} s, close \\d+\\.\\d{3} s, "
-        "save \\d+\\.\\d{3} s, teardown \\d+\\.\\d{3} s, total \\d+\\.\\d{3} s, peak RSS [1-9]\\d* "
-        "KiB\\n");
-    EXPECT_TRUE(line.match(r.err).hasMatch()) << qPrintable(r.err);
-    EXPECT_FALSE(Launch({"--headless"}).err.contains("timing"));
-}
-
-TEST(Launcher, StepsChooseRowsBeforeThePictureOfOnePane) {
-    QTemporaryDir dir;
-    const QString shot = dir.filePath("pane.png");
-    const HostRun r =
-        Launch({"--headless", "--expand", "tVIed", "--click", "tVTags:Сальдо перетоков",
-                "--screenshot", shot, "--screenshot-of", "tVProp"});
-    ASSERT_EQ(r.status, 0) << qPrintable(r.err);
-    const QImage pane(shot);
-    EXPECT_FALSE(pane.isNull());
-    EXPECT_LT(pane.width(), 700);
-    ExpectRun({"--headless", "--click", "tVTags:No such tag"}, 1,
-              "tVTags: no row begins with \"No such tag\"");
-    ExpectRun({"--headless", "--screenshot-of", "nowhere"}, 1, "nowhere: no widget of that name");
-}
-
-TEST(Launcher, CheckPrintsWhatNoTagNamesAndLeavesTheFile) {
+    ASSERT_TRUE(SaveProject(p.host, at("small.json")));
     // Tags of a type outside the list make no variable and name the VCC's own three.
-    QTemporaryDir dir;
-    const QString path = dir.filePath("small.json");
-    SmallProject p;
     for (HostObject* folder : p.folder)
         p.host.remove(folder);
     HostObject* folder = p.host.create(p.unit, cotFolderSource, 0, "Arven");
     for (const char* key : {"TASE2_Version", "Supported_Features", "Bilateral_Table_ID", "Nothing"})
         p.addTag(folder, cotSource, "X", 999, 0, 0, "Ключ")->set("tag_id", QByteArray(key));
-    ASSERT_TRUE(SaveProject(p.host, path));
-    const ino_t before = Inode(path);
-    HostRun r = Launch({path, "--check"});
-    EXPECT_EQ(r.status, 1) << qPrintable(r.err);
-    EXPECT_EQ(r.out, "Сервер 1: Ключ_4: the tag's key \"Nothing\" names nothing in the model\n");
-    EXPECT_EQ(Inode(path), before);
-
+    ASSERT_TRUE(SaveProject(p.host, at("check.json")));
     p.host.remove(p.host.findAll(cotSource).last());
-    ASSERT_TRUE(SaveProject(p.host, path));
-    r = Launch({path, "--check"});
-    EXPECT_EQ(r.status, 0) << qPrintable(r.err);
-    EXPECT_EQ(r.out, "");
-    ExpectRun({path, "--check", "--unit", "1"}, 2, "no current unit");
+    ASSERT_TRUE(SaveProject(p.host, at("clean.json")));
+    const ino_t checked = Inode(at("check.json"));
+    const QString timing = "iccp-host: timing load \\d+\\.\\d{3} s, open \\d+\\.\\d{3} s, close "
+                           "\\d+\\.\\d{3} s, save \\d+\\.\\d{3} s, teardown \\d+\\.\\d{3} s, total "
+                           "\\d+\\.\\d{3} s, peak RSS [1-9]\\d* KiB\\n";
+    const QString usage = "usage: iccp-host";
+    // Arguments, status, patterns of the error and the standard output.
+    const struct {
+        QStringList args;
+        int status;
+        QString err, out;
+    } rows[] = {
+        {{"--help"}, 0, "", "^usage: iccp-host \\[PROJECT\\.json\\]"},
+        {{"--unit"}, 2, usage, ""},
+        {{"--unit", "-1"}, 2, usage, ""},
+        {{"--unit", "x"}, 2, usage, ""},
+        {{"--frobnicate"}, 2, usage, ""},
+        {{"a.json", "b.json"}, 2, usage, ""},
+        {{"--click", "tVTags"}, 2, usage, ""},
+        {{"--click", "tVTags:"}, 2, usage, ""},
+        {{at("missing.json"), "--headless"}, 1, QRegularExpression::escape(at("missing.json")), ""},
+        {{at("noline.json"), "--headless"}, 1, "the project has no line", ""},
+        {{at("small.json"), "--headless", "--unit", "2"}, 1, "there is no unit 2", ""},
+        {{at("small.json"), "--headless", "--plugin", at("none.so")}, 1, "none\\.so", ""},
+        {{"--headless", "--click", "tVTags:No such tag"},
+         1,
+         "tVTags: no row begins with \"No such tag\"",
+         ""},
+        {{"--headless", "--screenshot-of", "nowhere"}, 1, "nowhere: no widget of that name", ""},
+        {{"--headless", "--timing"}, 0, "^(?=[\\s\\S]*2\\.1\\.0)[\\s\\S]*" + timing, ""},
+        {{"--headless"}, 0, "^(?![\\s\\S]*timing)", ""},
+        {{at("check.json"), "--check"},
+         1,
+         "",
+         "^Сервер 1: Ключ_4: the tag's key \"Nothing\" names nothing in the model\\n\\z"},
+        {{at("clean.json"), "--check"}, 0, "", "^\\z"},
+        {{at("clean.json"), "--check", "--unit", "1"}, 2, "no current unit", ""},
+    };
+    for (const auto& r : rows) {
+        const HostRun run = Launch(r.args);
+        SCOPED_TRACE(qPrintable(r.args.join(' ')));
+        EXPECT_EQ(run.status, r.status) << qPrintable(run.err);
+        EXPECT_TRUE(run.err.contains(QRegularExpression(r.err))) << qPrintable(run.err);
+        EXPECT_TRUE(run.out.contains(QRegularExpression(r.out))) << qPrintable(run.out);
+    }
+    EXPECT_EQ(Inode(at("check.json")), checked); // a check leaves the file
+
+    // A headless run saves the project anew and prints the blob it wrote.
+    const ino_t before = Inode(at("small.json"));
+    const HostRun r = Launch({at("small.json"), "--unit", "1", "--headless", "--print-datarun"});
+    ASSERT_EQ(r.status, 0) << qPrintable(r.err);
+    EXPECT_NE(Inode(at("small.json")), before);
+    HostProject saved;
+    ASSERT_TRUE(LoadProject(saved, at("small.json")));
+    const QByteArray blob = saved.findAll(cotUnit).value(1)->get("$DATARUN").toByteArray();
+    ASSERT_FALSE(blob.isEmpty());
+    EXPECT_EQ(r.out.toUtf8(), blob.endsWith('\n') ? blob : blob + '\n');
+
+    // Steps choose rows before the picture of one pane.
+    EXPECT_EQ(Launch({"--headless", "--expand", "tVIed", "--click", "tVTags:Сальдо перетоков",
+                      "--screenshot", at("pane.png"), "--screenshot-of", "tVProp"})
+                  .status,
+              0);
+    const QImage pane(at("pane.png"));
+    EXPECT_FALSE(pane.isNull());
+    EXPECT_LT(pane.width(), 700);
 }

@@ -1,11 +1,9 @@
-// The project file: round trips, refusals, layout and the atomic save.
+// The project file: round trips, refusals and the atomic save.
 #include "host/ProjectFile.h"
 #include "common/SmallProject.h"
 #include "common/TempFiles.h"
-#include "host/DemoProject.h"
 
 #include <QDir>
-#include <QJsonDocument>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -16,23 +14,6 @@ QByteArray File(const char* objects) {
            "]}";
 }
 } // namespace
-
-TEST(ProjectFile, RoundTripKeepsTreeValuesAndKeys) {
-    SmallProject p;
-    p.unit2->set("$DATARUN", QByteArray("\xff\xfe\0bin", 6));
-    p.tagReal->set("procMul", 0.1);
-    p.line->addParam(Param("extraRatio", cptDouble, 2.0, "Коэффициент"));
-    const QByteArray json = ProjectToJson(p.host);
-    HostProject copy;
-    QString error;
-    ASSERT_TRUE(ProjectFromJson(copy, json, &error)) << qPrintable(error);
-    EXPECT_EQ(ProjectToJson(copy), json);
-    // The same text again could hide a reader that drops what it can't take.
-    EXPECT_EQ(copy.findAll(cotUnit).value(1)->get("$DATARUN").toByteArray(),
-              QByteArray("\xff\xfe\0bin", 6));
-    EXPECT_EQ(copy.findFirst(cotLine)->param("extraRatio")->type, cptDouble);
-    EXPECT_EQ(copy.findFirst(cotFolderSource)->children().first()->kind(), cotFolderSource);
-}
 
 TEST(ProjectFile, HandWrittenFileAndRefusals) {
     HostProject project;
@@ -97,29 +78,4 @@ TEST(ProjectFile, SaveReplacesTheFileAtomically) {
     EXPECT_TRUE(error.startsWith(notJson));
     EXPECT_FALSE(LoadProject(none, dir.filePath("none.json"), &error));
     EXPECT_TRUE(none.roots().isEmpty());
-}
-
-TEST(ProjectFile, WrittenInQtsIndentedLayout) {
-    HostProject p;
-    HostObject* root = p.create(nullptr, cotProject);
-    // A leading byte-order mark is dropped; a sequence cut short becomes U+FFFD.
-    root->set("caption", QByteArray("\xEF\xBB\xBF"
-                                    "a \"q\" \\\t\x01\xD0"));
-    root->addParam(Param("blob", cptText, QByteArray("\xff"), "b"));
-    HostProject empty;
-    HostProject demo;
-    BuildDemoProject(demo);
-    HostObject* tag = demo.findFirst(cotSource);
-    tag->set("procMul", 1e20);
-    tag->set("procAdd", -0.1);
-    tag->set("procClear", 1e300);
-    tag->set("procAperture", 1.0 / 3);
-    tag->addParam(Param("Zeta", cptDouble, -2147483648.0, "К"));
-    for (HostProject* project : {&p, &empty, &demo}) {
-        const QByteArray json = ProjectToJson(*project);
-        EXPECT_EQ(QJsonDocument::fromJson(json).toJson(QJsonDocument::Indented), json);
-    }
-    const QByteArray json = ProjectToJson(p);
-    EXPECT_TRUE(json.contains("\"caption\": \"a \\\"q\\\" \\\\\\t\\u0001\xEF\xBF\xBD\",\n"));
-    EXPECT_TRUE(json.contains("\"base64\": \"/w==\""));
 }

@@ -94,22 +94,3 @@ TEST_F(Entry, CfgFormGetStoresArgumentsAndRefuses) {
     EXPECT_EQ(CfgFormGet(p.table(), p.line, p.unit, nullptr), FCfgArvenSR);
     EXPECT_EQ(ICCdata.maxDS, 3);
 }
-
-TEST(EntryExports, VersionAndPut) {
-    CfgVersion(nullptr, nullptr, nullptr, nullptr, nullptr);
-    uint64_t major = 9, minor = 9, build = 9;
-    const char* author = nullptr;
-    int untouched = 42;
-    CfgVersion(&major, &minor, &build, &untouched, &author);
-    EXPECT_EQ(QString("%1.%2.%3").arg(major).arg(minor).arg(build), "2.1.0");
-    EXPECT_EQ(untouched, 42);
-    EXPECT_NE(author, nullptr);
-
-    SmallProject p;
-    RecvUnit = p.unit;
-    ICCdata = {3, 4};
-    CfgFormPut(p.table(), p.line, p.unit, nullptr);
-    EXPECT_EQ(RecvUnit, p.unit);
-    EXPECT_EQ(ICCdata.maxICC + ICCdata.maxDS, 7);
-    RecvUnit = nullptr;
-}

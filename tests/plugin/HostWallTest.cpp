@@ -92,10 +92,6 @@ TEST_F(HostWall, TextWritesCountTheTerminatingZero) {
         EXPECT_EQ(SetQByteArrToObProb(ob, "$DATARUN", blob), blobNoParam);
         EXPECT_EQ(host.writeSlot, -1);
     }
-    // The stand-in host keeps the text without the zero.
-    EXPECT_TRUE(SetStr2PropOb(p.subFolder, "caption", "Ячейка №2"));
-    EXPECT_EQ(GetPropStrVal(p.subFolder, "caption"), "Ячейка №2");
-    EXPECT_FALSE(SetStr2PropOb(p.subFolder, "no such", "x"));
 }
 
 TEST_F(HostWall, ChildWalkAndTagListInfo) {
@@ -108,8 +104,7 @@ TEST_F(HostWall, ChildWalkAndTagListInfo) {
     EXPECT_EQ(GetTagListInfo(p.unit), "  ");
     EXPECT_EQ(p.host.calls(slotObAllCount), 1);
 
-    // Hosts that list less than they count, or nulls among the children:
-    // the walk keeps what is there.
+    // Hosts that list less than they count, or nulls among children: what is there.
     using List = std::vector<void*>;
     const struct {
         int (*list)(void*, int, void**, int);

@@ -33,8 +33,7 @@ TEST_F(Sorting, GreaterFirstAndTagsBeforeFolders) {
     // By number: t1 is 1, t3 is 3.
     EXPECT_TRUE(proxy.lessThan(t3, t1));
     EXPECT_FALSE(proxy.lessThan(t1, t1));
-    // A tag sorts before a folder whatever the numbers; folders among
-    // themselves by number (s1 is 2, s2 is 3).
+    // A tag before any folder; folders by number (s1 is 2, s2 is 3).
     tree.s1->set("number", 100);
     EXPECT_TRUE(proxy.lessThan(t1, s1));
     EXPECT_FALSE(proxy.lessThan(s1, t1));

@@ -21,7 +21,6 @@ protected:
     QModelIndexList find(void* ob) { return FindRows(model, ob); }
 };
 
-int hostCalls = 0;
 QStringList modelTestWarnings;
 
 } // namespace
@@ -37,11 +36,10 @@ TEST_F(TagModel, RowsParentsAndTexts) {
         int rows;
         std::initializer_list<int> parent; // {-1}: none
         const char* text;
-    } rows[] = {{{}, nullptr, 3, {-1}, nullptr},        {{0}, tree.s1, 2, {-1}, "Ячейка 1"},
-                {{2}, tree.t1, 0, {-1}, "t1_1"},        {{4}, tree.t3, 0, {-1}, "t3_3"},
-                {{5}, nullptr, -1, {-1}, nullptr},      {{-1}, nullptr, -1, {-1}, nullptr},
-                {{0, 0}, tree.s11, 1, {0}, "Отсек"},    {{0, 2}, tree.a2, 0, {0}, "a2_5"},
-                {{0, 0, 0}, tree.c1, 0, {0, 0}, "c1_7"}};
+    } rows[] = {{{}, nullptr, 3, {-1}, nullptr},    {{0}, tree.s1, 2, {-1}, "Ячейка 1"},
+                {{4}, tree.t3, 0, {-1}, "t3_3"},    {{5}, nullptr, -1, {-1}, nullptr},
+                {{-1}, nullptr, -1, {-1}, nullptr}, {{0, 0}, tree.s11, 1, {0}, "Отсек"},
+                {{0, 2}, tree.a2, 0, {0}, "a2_5"},  {{0, 0, 0}, tree.c1, 0, {0, 0}, "c1_7"}};
     for (const auto& r : rows) {
         const QModelIndex i = at(r.path);
         SCOPED_TRACE(r.text ? r.text : "-");
@@ -91,45 +89,6 @@ TEST_F(TagModel, RowsParentsAndTexts) {
     EXPECT_EQ(RowObject(at({1})), loose);
     EXPECT_EQ(model.nodeFromIndex(QModelIndex()), p.unit2);
     EXPECT_FALSE(model.data(QModelIndex()).isValid());
-}
-
-TEST_F(TagModel, EveryModeWithItsOwnFolderKind) {
-    TagTree trees[4] = {
-        {p.host, p.unit, 0}, {p.host, p.unit, 1}, {p.host, p.unit, 2}, {p.host, p.unit, 3}};
-    for (int mode = 0; mode < 4; ++mode) {
-        SCOPED_TRACE(mode);
-        model.mode = mode;
-        model.setRootNode(trees[mode].base);
-        EXPECT_EQ(model.rowCount(), 3);
-        EXPECT_EQ(RowObject(at({0})), trees[mode].s1);
-        EXPECT_EQ(RowObject(at({0, 0, 0})), trees[mode].c1);
-        // The unit's first folder of the mode is SmallProject's base folder.
-        model.setRootNode(p.unit);
-        EXPECT_EQ(RowObject(at({0})), p.folder[mode]);
-        EXPECT_EQ(RowObject(at({1})), trees[mode].base);
-    }
-    // Another mode's tree shows nothing of this one.
-    model.mode = 1;
-    model.setRootNode(trees[0].base);
-    EXPECT_EQ(model.rowCount(), 0);
-    EXPECT_FALSE(at({0}).isValid());
-}
-
-TEST_F(TagModel, NoRootMeansNoRowsAndNoHostCall) {
-    PatchedHost counting; // counts null handles too, which the stand-in doesn't
-    counting.patch(
-        slotObChildCount, +[](void* ob, int kind) {
-            ++hostCalls;
-            return HostSlot<TcfgObChildCount>(slotObChildCount)(ob, kind);
-        });
-    model.setRootNode(nullptr);
-    EXPECT_EQ(model.rowCount() + model.GlobLastRow(), 0);
-    EXPECT_FALSE(at({0}).isValid());
-    EXPECT_TRUE(find(tree.t1).isEmpty());
-    EXPECT_EQ(hostCalls, 0);
-    model.setRootNode(tree.base);
-    EXPECT_EQ(model.rowCount(), 3);
-    EXPECT_GT(hostCalls, 0);
 }
 
 TEST_F(TagModel, CreateTagMakesAKeyedTagAndAnnouncesItsRow) {

@@ -133,3 +133,23 @@ TEST_F(CreateVars, AddVarMakesTagsAndVariables) {
         EXPECT_EQ(p.host.findAll(cotPass).size(), tags + 1);
     });
 }
+
+// A later call loads the templates anew: the structure shown by the dialog's
+// last showing is gone, and showing one again must not touch freed types.
+TEST_F(CreateVars, StructureShownInTheDialogDoesNotOutliveAReload) {
+    for (const bool again : {false, true})
+        OpenForm(p.unit, [again](CfgArvenSR* f) {
+            DialogScript<GetVarFrm> script({[again](GetVarFrm* d) {
+                EXPECT_TRUE(!again || d->ui.tVStruct->model() == nullptr);
+                for (int turn = 0; turn < 3 && d->ui.tVStruct->model() == nullptr; ++turn) {
+                    Fill(d, "Data_State_SupplementalQTimeTagExtended", "S", 1, 0, 0);
+                    if (d->ui.tVStruct->model() == nullptr)
+                        d->ui.tBut->click();
+                }
+                const QAbstractItemModel* shown = d->ui.tVStruct->model();
+                EXPECT_EQ(shown ? shown->index(0, 0).data().toString() : QString(), "Value");
+                d->reject();
+            }});
+            f->OnAddVar();
+        });
+}

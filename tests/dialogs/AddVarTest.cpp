@@ -139,3 +139,23 @@ TEST_F(AddVarTest, PlacesAndTheNextNumber) {
     EXPECT_EQ(boxes.count(), 1);
     ld->Vars.Clear();
 }
+
+TEST_F(AddVarTest, TemplatesWithoutThePrimaryTypesAndTheObjectTree) {
+    DcDTTP few;
+    auto* bool_ = new DcDAType(&few);
+    bool_->type = "BOOL";
+    few.Types.AddObject("BOOL", bool_);
+    Fill(&few);
+    dlg.ui.tBut->click(); // no first row: nothing is shown
+    EXPECT_EQ(dlg.pListTypes->rowCount(), 0);
+    Fill(nullptr);
+
+    Tase2VarModel& tree = dlg.VarModel;
+    tree.setRootNode(pDcDTTP);
+    EXPECT_EQ(tree.rowCount(), 40);
+    EXPECT_EQ(tree.index(4, 0).data().toString(), "Data_Real");
+    tree.setRootNode(pDcDTTP->FindType("Data_State_SupplementalQTimeTagExtended"));
+    // A DcDA member shows its name, a DcDO member no text.
+    EXPECT_EQ(ChildTexts(tree), (QStringList{"Value", "", "Flags"}));
+    EXPECT_EQ(tree.parent(tree.index(0, 0)), QModelIndex());
+}

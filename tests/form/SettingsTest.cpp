@@ -102,3 +102,19 @@ TEST_F(FormSettings, MaximisedCloseKeepsTheNormalSize) {
         EXPECT_EQ(f->size(), QSize(600, 400));
     });
 }
+
+// A widget's geometry reads back; a text map splits at its first "=" and trims.
+TEST_F(FormSettings, WidgetAndTextMapGroups) {
+    QSettings s(IniPath(), QSettings::IniFormat);
+    QWidget widget, back;
+    widget.setGeometry(5, 6, 70, 80);
+    Wdg2Ini(s, "w", &widget);
+    WdgFromIni(s, "w", &back);
+    EXPECT_EQ(back.geometry(), QRect(5, 6, 70, 80));
+    QMap<QString, QString> map{{"a", "x=y"}, {"b ", " v "}}, read{{"stale", "1"}};
+    QMap_QStrQStr2Ini(s, "m", map);
+    s.setValue("m/items/3/item", " bare ");
+    s.setValue("m/items/size", 3);
+    QMap_QStrQStrFromIni(s, "m", read);
+    EXPECT_EQ(read, (QMap<QString, QString>{{"a", "x=y"}, {"b", "v"}, {"bare", ""}}));
+}

@@ -1,38 +1,43 @@
-// The property pane of the unit chosen in the form: the rows that the
-// description tables name, with their captions, edit rights and editors.
+// The property pane of the unit and of a tag chosen in the form: the rows
+// that the description tables name, with their captions, edit rights and
+// editors.
 #include "common/FormFixture.h"
 #include "form/CfgIecArven.h"
 #include "views/CpropNode.h"
 
 using PropPane = FormTest;
 
-TEST_F(PropPane, UnitRowsTakeCaptionsAndFlagsOfTheTable) {
+TEST_F(PropPane, RowsTakeCaptionsAndFlagsOfTheTables) {
     // "group/caption: table's editable byte, ItemIsEditable of the value
     // cell, editor (1 check box, 2 line edit, 3 list)". A described row is
     // edited as text.
-    QStringList rows;
+    QStringList unitRows, tagRows;
     OpenForm(p.unit, [&](CfgArvenSR* f) {
-        const QAbstractItemModel* m = f->tVProp->model();
-        ASSERT_NE(m, nullptr);
-        for (int g = 0; g < m->rowCount(); ++g) {
-            const QModelIndex group = m->index(g, 0);
-            for (int r = 0; r < m->rowCount(group); ++r) {
-                auto node = static_cast<CpropNode*>(m->index(r, 0, group).internalPointer());
-                const bool cell = m->flags(m->index(r, 1, group)) & Qt::ItemIsEditable;
-                rows << QString("%1/%2: %3 %4 %5")
-                            .arg(group.data().toString(), node->caption)
-                            .arg(node->editable)
-                            .arg(cell)
-                            .arg(node->getTypeDelegate());
+        for (auto [ob, rows] : {std::pair{p.unit, &unitRows}, {p.tagReal, &tagRows}}) {
+            f->SetPropModel(ob->handle());
+            const QAbstractItemModel* m = f->tVProp->model();
+            ASSERT_NE(m, nullptr);
+            for (int g = 0; g < m->rowCount(); ++g) {
+                const QModelIndex group = m->index(g, 0);
+                for (int r = 0; r < m->rowCount(group); ++r) {
+                    auto node = static_cast<CpropNode*>(m->index(r, 0, group).internalPointer());
+                    const bool cell = m->flags(m->index(r, 1, group)) & Qt::ItemIsEditable;
+                    *rows << QString("%1/%2: %3 %4 %5")
+                                 .arg(group.data().toString(), node->caption)
+                                 .arg(node->editable)
+                                 .arg(cell)
+                                 .arg(node->getTypeDelegate());
+                }
             }
         }
     });
-    const QStringList described = {
-        "Базовые свойства/Номер в конфигурации: 0 1 2", "Базовые свойства/Протокол: 0 1 2",
-        "Базовые свойства/Наименование: 1 1 2", "Базовые свойства/Использование: 1 1 2"};
-    EXPECT_EQ(rows.mid(0, described.size()).join('\n').toStdString(),
-              described.join('\n').toStdString());
+    EXPECT_EQ(unitRows.mid(0, 4).join('\n').toStdString(),
+              "Базовые свойства/Номер в конфигурации: 0 1 2\nБазовые свойства/Протокол: 0 1 2\n"
+              "Базовые свойства/Наименование: 1 1 2\nБазовые свойства/Использование: 1 1 2");
     // A limit isn't described: the host's caption, and no edit in the pane.
-    EXPECT_TRUE(rows.contains("Собственные свойства/Число ICC: 1 0 2"))
-        << qPrintable(rows.join('\n'));
+    EXPECT_TRUE(unitRows.contains("Собственные свойства/Число ICC: 1 0 2"))
+        << qPrintable(unitRows.join('\n'));
+    EXPECT_EQ(tagRows.mid(0, 2).join('\n').toStdString(),
+              "Базовые свойства/Номер в конфигурации: 0 1 2\n"
+              "Базовые свойства/Использование: 1 1 2");
 }

@@ -2,6 +2,9 @@
 #include "common/FormFixture.h"
 
 #include "form/CfgIecArven.h"
+#include "host/HostProject.h"
+#include "plugin/CfgIecArvenlib.h"
+#include "tags/TagFolders.h"
 #include "views/UnitTagsModel.h"
 
 #include <QApplication>
@@ -61,4 +64,27 @@ TEST_F(Tags, DeleteKeyRefusesRowsOfTwoFolders) {
     });
     EXPECT_EQ(BoxTexts(), QStringList("|Разные родители у выбранных компонентов"));
     EXPECT_EQ(HostObject::fromHandle(p.tagReal), p.tagReal);
+}
+
+TEST_F(Tags, FolderAndTagFunctionsUseTheirModuleKeys) {
+    pGlobcfgInterface = HostProject::table();
+    // Found inside the first folder of the kind, or made there.
+    QString name = "Ячейка 1", other = "Ячейка 2";
+    EXPECT_EQ(CreateOrTakeFlg4DS(p.unit, cotFolderSource, name), p.subFolder->handle());
+    void* second = CreateOrTakeFlg4DS(p.unit, cotFolderSource, other);
+    ASSERT_NE(second, nullptr);
+    EXPECT_EQ(HostObject::fromHandle(second)->owner(), p.folder[0]);
+    EXPECT_EQ(CreateOrTakeFlg4DS(p.unit2, cotFolderSource, other), nullptr);
+
+    void* base = GetFolger(p.unit2, cotPass);
+    ASSERT_NE(base, nullptr);
+    EXPECT_EQ(HostObject::fromHandle(base)->moduleKey(), "Arven");
+    EXPECT_EQ(GetFolger(p.unit2, cotPass), base);
+    EXPECT_EQ(GetFolger(p.unit2, cotUnit), nullptr);
+    TCfgObjectType kind = cotPass;
+    auto tag = HostObject::fromHandle(CreateTag(base, kind));
+    ASSERT_NE(tag, nullptr);
+    EXPECT_EQ(tag->moduleKey(), "IecArven");
+    EXPECT_EQ(tag->get("tag_id").toByteArray(), "tagPass");
+    EXPECT_EQ(CreateTag(nullptr, kind), nullptr);
 }

@@ -82,8 +82,14 @@ TEST_F(Validation, ListedVariablesGoOnlyAfterDelete) {
         EXPECT_EQ(Mark(f, Var(p3->Members, "Value")), int(Qt::Checked));
         EXPECT_EQ(Mark(f, Var(ICC(1)->Vars, "F_5")), int(Qt::Checked));
     });
-    // The tags stay; the model keeps what the tags name.
+    // The tags stay; the model keeps what the tags name; the set lost its members.
     EXPECT_EQ(p.host.findAll(cotSource).size(), 3);
+    const QByteArray blob = SplitLines(Datarun(p.unit));
+    EXPECT_TRUE(blob.contains("  <DcVCC name = \"VCC_1\"  desc=\"\"  >\n"
+                              "    <DcDataSet  name = \"DataSet_1\"  desc=\"\" > \n"
+                              "    </DcDataSet> \n"));
+    for (const char* gone : {"\"ICC_1/Q1_2\"", "\"ICC_1/C_4\"", "= \"G_7\""})
+        EXPECT_FALSE(blob.contains(gone)) << gone;
 }
 
 TEST_F(Validation, AllNamedShowsNoListAndKeysAreChecked) {

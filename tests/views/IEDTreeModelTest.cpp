@@ -141,3 +141,24 @@ TEST_F(TemplTreeTest, HostAndICCLookups) {
         IsOwn(model->nodeFromIndex(Row(kIcc + QStringList{"Next_DSTransfer_Set"})), "DcLD"));
     EXPECT_TRUE(IsOwn(model->nodeFromIndex(Row(kIccSet)), "DcDataSet"));
 }
+
+TEST_F(TemplTreeTest, BatchRowsGoInFrontAndDelFromDSTakesSetMembersOnly) {
+    const QStringList kVccSet{"VCC_1", "Наборы данных (DataSets)", "DataSet_1"};
+    StringList out;
+    for (const QStringList& path : {kVccSet, kIccSet}) {
+        StringList batch;
+        for (const char* name : {"Count_1", "Bool_1", "Count_1"})
+            batch.AddObject(name, new myNode(name, count), true);
+        model->AddVarmNode(Row(path), 0, &batch, &out);
+    }
+    EXPECT_EQ(Children(kIccSet).size(), 3);
+    EXPECT_EQ(out.Count, 6);
+    QSignalSpy removing(model, &QAbstractItemModel::rowsAboutToBeRemoved);
+    model->DelFromDS("Count_1");
+    EXPECT_EQ(Children(kIccSet), QStringList{"Bool_1"});
+    EXPECT_EQ(Children(kVccSet), QStringList{"Bool_1"});
+    EXPECT_EQ(Children(kIccVars), (QStringList{"RealQ_1", "Bool_1", "Count_1"}));
+    // The second hit in a set has moved up by one when its turn comes.
+    ASSERT_EQ(removing.count(), 4);
+    EXPECT_EQ(removing[1], (QVariantList{QVariant::fromValue(Row(kVccSet)), 1, 1}));
+}

@@ -152,4 +152,20 @@ TEST_F(PropModelTest, LineEditorsOfBothViews) {
     line->setText("17");
     values.setModelData(line, &prop, countValue);
     EXPECT_EQ(count->svalue, "17");
+
+    // Descriptions in the tree: column 1 of variable rows only.
+    PropDelegate4Desc descriptions;
+    count->desc = "Счётчик";
+    const QModelIndex countDesc = Row(kIccVars + QStringList{"Count_1"}, 1);
+    EXPECT_EQ(std::unique_ptr<QWidget>(descriptions.createEditor(&host, option, Row(kIccVars))),
+              nullptr);
+    for (const QModelIndex& cell : {countDesc, Row(kIcc, 1)}) {
+        editor.reset(descriptions.createEditor(&host, option, cell));
+        line = qobject_cast<QLineEdit*>(editor.get());
+        ASSERT_NE(line, nullptr);
+        descriptions.setEditorData(line, cell);
+        EXPECT_EQ(line->text(), cell == countDesc ? "Счётчик" : "");
+    }
+    descriptions.setModelData(line, model, countDesc);
+    EXPECT_EQ(count->desc, "");
 }

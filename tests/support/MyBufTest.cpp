@@ -131,9 +131,7 @@ TEST(MyBufValue, ValuesAndBitSets) {
     EXPECT_EQ(grown.BufToStr(), "11111111000");
     grown.Delete();
     EXPECT_EQ(grown.BitLen, 10);
-    EXPECT_EQ(grown.REALLOCBUF(0), -1);
-    EXPECT_EQ(grown.REALLOCBUF(4), 0);
-    EXPECT_EQ(grown.Buf[0], 0);
+    EXPECT_TRUE(grown.REALLOCBUF(0) == -1 && grown.REALLOCBUF(4) == 0 && grown.Buf[0] == 0);
     qolBitSet x(4), y(4);
     y.SetBit(1);
     EXPECT_TRUE(x.OpOR(y) && x.OpXOR(y) && !x.OpOR(qolBitSet(5)));

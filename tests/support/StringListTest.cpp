@@ -52,9 +52,6 @@ TEST(StringList, LimitsSortedModeRandomSequencesFreeFunctionsListAndRegistry) {
     EXPECT_EQ(list.Capacity, 150);
     list.Clear();
     EXPECT_TRUE(list.Capacity == 50 && list.Count == 0);
-    StringList big(120);
-    big.Clear();
-    EXPECT_EQ(big.Capacity, 120);
     StringList none(0);
     EXPECT_EQ(none.AddString("first"), 0);
     EXPECT_EQ(none.Capacity, 50);
@@ -63,9 +60,6 @@ TEST(StringList, LimitsSortedModeRandomSequencesFreeFunctionsListAndRegistry) {
     StringList bytes;
     Texts(bytes, {"\xd0\xb0", "z", ""});
     EXPECT_EQ(bytes.Ref[2], 0);
-    StringList three;
-    Texts(three, {"d", "b", "f"});
-    EXPECT_EQ(three.Indexing("e", 3), 2);
     StringList scan;
     Texts(scan, {"a", "b", "a", "c", "a"});
     const int after[][3] = {{0, 'a', 0}, {1, 'a', 2}, {3, 'b', -1}, {-1, 'a', -1}};

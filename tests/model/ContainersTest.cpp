@@ -25,10 +25,8 @@ TEST_F(ModelWorldTest, ReadersLogDuplicatesKeepThemAndLayOutRowsAndTree) {
     EXPECT_EQ(log.texts, QStringList({"error: VCC VCC_1 duplicate variable A",
                                       "error: VCC VCC_1 type is absent in Template U",
                                       "error: VCC VCC_1 duplicate variable ICC_1"}));
-    EXPECT_EQ(ValueOf(At<DcDA>(vcc->Vars, 0)), "5");
     // VCC data sets: one of two kept, ICC's: both; one Next set only.
     DcLD* ld = At<DcLD>(vcc->ICCs, 0);
-    ASSERT_NE(ld, nullptr);
     EXPECT_EQ(std::vector<int>({vcc->DataSets.Count, ld->DataSets.Count, ld->NextSets.Count}),
               std::vector<int>({1, 2, 1}));
     EXPECT_FALSE(vcc->IsExistNext());
@@ -36,15 +34,13 @@ TEST_F(ModelWorldTest, ReadersLogDuplicatesKeepThemAndLayOutRowsAndTree) {
 
     vcc->BornDO();
     DcDO* r = At<DcDO>(ld->Vars, 1);
-    ASSERT_EQ(r->Members.Count, 2);
     EXPECT_EQ(std::vector<int>({At<DcDO>(vcc->Vars, 2)->Members.Count,
                                 At<DcDO>(vcc->Vars, 3)->Members.Count,
                                 At<DcDO>(r->Members, 0)->Members.Count}),
               std::vector<int>({2, 0, 2}));
     EXPECT_EQ(std::vector<int>(ld->RowBase, ld->RowBase + 5), std::vector<int>({1, 1, 2, 2, 4}));
     EXPECT_EQ(std::vector<int>(vcc->RowBase, vcc->RowBase + 5), std::vector<int>({0, 0, 4, 0, 4}));
-    EXPECT_EQ(std::vector<DcICCPBase*>({ld->GetObj(-1), ld->GetObj(3), ld->GetObj(4)}),
-              std::vector<DcICCPBase*>({nullptr, r, nullptr}));
+    EXPECT_EQ(ld->GetObj(3), r);
     int index = 99; // the row, offset by the list's RowBase
     EXPECT_TRUE(ld->FindInd("R", index) == &ld->Vars && index == 3);
     EXPECT_EQ(ld->FindInd("Nope", index), nullptr);
@@ -83,15 +79,11 @@ TEST_F(ModelWorldTest, VccLookups) {
         EXPECT_EQ(vcc->GetChildById(row), rows[row + 1]) << row;
     EXPECT_EQ(vcc->GetChildRow(a), -1);
 
-    DcLD* stranger = new DcLD(s);
-    stranger->name = "L";
-    s->Members.AddObject("L", stranger, true);
     DcICCPBase *flags = ListOb(At<DcDO>(str->Members, 0)->Members, 1),
                *value = ListOb(s->Members, 0);
     const std::pair<const char*, DcICCPBase*> names[] = {
         {"ICC_1/Var$X", var}, {"ICC_1/Var", var},  {"ICC_1/Str$Q$Flags", flags},
-        {"S$Value", value},   {"S$Nope", nullptr}, {"ICC_9/Var", nullptr},
-        {"S$L$X", nullptr}};
+        {"S$Value", value},   {"S$Nope", nullptr}, {"ICC_9/Var", nullptr}};
     for (const auto& n : names)
         EXPECT_EQ(vcc->GetDAbyLongName(n.first), n.second) << n.first;
     EXPECT_TRUE(vcc->IsDO("ICC_1/Str") && !vcc->IsDO("S"));
@@ -114,8 +106,7 @@ TEST_F(ModelWorldTest, SetReletionBindsEntriesAfterLoadingAndHostileTemplatesEnd
     EXPECT_EQ(vcc->name, "V");
     DcDataSet* ds = At<DcDataSet>(vcc->DataSets, 0);
     DcLD* ld = At<DcLD>(vcc->ICCs, 0);
-    DcDataSet* l = ld ? At<DcDataSet>(ld->DataSets, 0) : nullptr;
-    ASSERT_TRUE(ds && l);
+    DcDataSet* l = At<DcDataSet>(ld->DataSets, 0);
     auto entry = [](DcDataSet* set, const char* key) {
         return set->Elems.Objects(set->Elems.IndexOf(key));
     };
@@ -140,7 +131,6 @@ TEST_F(ModelWorldTest, SetReletionBindsEntriesAfterLoadingAndHostileTemplatesEnd
     ASSERT_TRUE(
         Load("<r>" + text + "<DcVCC name=\"V\"><DcDO name=\"R\" type=\"T0\"/>" +
              "<DcDA name=\"H\" type=\"Huge\"/><DcDA name=\"O\" type=\"Odd\"/></DcVCC></r>"));
-    ASSERT_TRUE(pVCC && pDcDTTP);
     EXPECT_TRUE(pDcDTTP->ValidVar());
     EXPECT_FALSE(pVCC->ToXML(2).isEmpty() || pVCC->ToCSV(0).isEmpty());
     myNode desc("T0");
@@ -169,7 +159,6 @@ TEST_F(ModelWorldTest, InitVar4DSCorrectDSTSAndTheWritersPassOverEmptyEntries) {
     for (const auto& scope :
          {std::make_pair(&vcc->Vars, "UINT8"), std::make_pair(&icc->Vars, "INT8")}) {
         DcDO* name = At<DcDO>(*scope.first, scope.first->IndexOf("Transfer_Set_Name"));
-        ASSERT_NE(name, nullptr);
         EXPECT_EQ(Texts(name->Members), "Scope,DomainName,Name");
         EXPECT_EQ(At<DcDA>(name->Members, 0)->type, scope.second);
     }

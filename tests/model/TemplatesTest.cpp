@@ -10,13 +10,11 @@ TEST_F(ModelWorldTest, TablesTemplatesValidationAndExpansion) {
                                                                  {"DATA_STATE", "BITSTRING", -1},
                                                                  {"DATA_TIMESTAMP", "INT32", -1}};
     for (const auto& a : aliases) {
-        ASSERT_GE(row(std::get<0>(a)), 0) << std::get<0>(a);
         EXPECT_STREQ(DATypes[row(std::get<0>(a))].name, std::get<1>(a));
         EXPECT_TRUE(std::get<2>(a) < 0 || row(std::get<0>(a)) == std::get<2>(a)) << std::get<0>(a);
     }
     // Aliases are upper-cased once at start, so the mixed-case name fails.
-    for (const char* missing :
-         {"Data_Real", "NOSUCHTYPE", "", "A_NAME_LONGER_THAN_ANY_ROW_OF_THE_TABLES_AT_ALL"})
+    for (const char* missing : {"Data_Real", "", "A_NAME_LONGER_THAN_ANY_ROW_OF_THE_TABLES"})
         EXPECT_EQ(row(missing), -1) << missing;
 
     for (int i = 0; i < DATypesCount; ++i) {
@@ -32,47 +30,24 @@ TEST_F(ModelWorldTest, TablesTemplatesValidationAndExpansion) {
     for (const char* missing : {"A", "BOOLEAN", "ZZZ"})
         EXPECT_EQ(FindDAType(DATypes, 0, DATypesCount - 1, missing), -1) << missing;
     char target[32] = "unchanged";
-    EXPECT_EQ(FindSecond("INT32", target, 0, SecTypesCount - 1), -1);
-    EXPECT_STREQ(target, "unchanged");
-    const std::pair<const char*, int> types[] = {{"BOOL", 1}, {"FLOAT32", 4}, {"bool", 0}};
-    for (const auto& t : types)
-        EXPECT_EQ(GetType(t.first), t.second) << t.first;
-    for (DcICCPBase* object : std::initializer_list<DcICCPBase*>{
-             new DcDAType, new DcDA, new DcDOType, new DcDO, new DcLD, new DcDTTP, new DcVCC,
-             new ObICCP, new DcDataSet("DS", nullptr), new DcNextTransferSet}) {
-        const std::string name = object->ClassName().toStdString();
-        EXPECT_GT(object->ObType, 0) << name;
-        EXPECT_EQ(TabDcObCode(name.c_str()), object->ObType) << name;
-        delete object;
-    }
-    EXPECT_EQ(TabDcObCode("DcICCPBase"), 0);
-    EXPECT_EQ(TabDcObCode("DcNothing"), -1);
+    EXPECT_TRUE(FindSecond("INT32", target, 0, SecTypesCount - 1) == -1 &&
+                !strcmp(target, "unchanged"));
+    EXPECT_TRUE(GetType("FLOAT32") == 4 && GetType("bool") == 0);
+    EXPECT_TRUE(TabDcObCode("DcICCPBase") == 0 && TabDcObCode("DcNothing") == -1);
     DcDAType low;
-    low.idtype = 3;
-    DcDOType structured;
-    structured.idtype = 4;
     DcDA plain;
     // A non-template compares as less both ways.
-    const std::tuple<DcICCPBase*, DcICCPBase*, bool> pairs[] = {{&low, &low, false},
-                                                                {&low, &structured, true},
-                                                                {&structured, &low, false},
-                                                                {&plain, &low, true},
-                                                                {&low, &plain, true}};
-    for (const auto& p : pairs)
-        EXPECT_EQ(lessThen(std::get<0>(p), std::get<1>(p)), std::get<2>(p));
+    EXPECT_TRUE(lessThen(&plain, &low) && lessThen(&low, &plain));
     pDcDTTP->sortByidtype();
     std::string order;
     for (DcICCPBase* templ : pDcDTTP->TypeList)
         order += std::to_string(templ->idtype) + ",";
     EXPECT_EQ(order, "1,2,10,11,12,13,14,15,16,17,18,19,20,21,");
-    // The StringList keeps the order of reading.
-    EXPECT_EQ(pDcDTTP->Types.Strings(0), "INT16");
     XmlText xml("<DcDOType type=\"Outer\"><DcDO name=\"S\" type=\"Data_RealQ\">"
                 "<DcDA name=\"x\" type=\"Nope\"/></DcDO></DcDOType>");
     DcDOType outer;
     outer.DecodeXML(xml.Root());
     DcDO* member = At<DcDO>(outer.Members, 0);
-    ASSERT_NE(member, nullptr);
     LogRecorder outerLog, memberLog;
     outerLog.Listen(&outer);
     memberLog.Listen(member);
@@ -90,7 +65,6 @@ TEST_F(ModelWorldTest, TablesTemplatesValidationAndExpansion) {
                         "<DcDA name=\"b\" type=\"INT16\"/></DcDOType>");
     DcDOType partial;
     partial.DecodeXML(partialText.Root());
-    ASSERT_EQ(partial.Members.Count, 3);
     myNode other("root");
     partial.GetFullContDesc(&other);
     EXPECT_EQ(ChildNames(&other), "a,s");
@@ -108,7 +82,6 @@ TEST_F(ModelWorldTest, TablesTemplatesValidationAndExpansion) {
     EXPECT_EQ(ChildNames(root.FirstChild->Next), "");
     root.FirstChild->DeleteSubTree();
     DcDO structure("S", loop, nullptr);
-    ASSERT_EQ(structure.Members.Count, 2);
     EXPECT_EQ(At<DcDO>(structure.Members, 1)->Members.Count, 0);
     ClearModel(tree); // no template set
     XmlText dupText(
@@ -121,7 +94,6 @@ TEST_F(ModelWorldTest, TablesTemplatesValidationAndExpansion) {
     EXPECT_EQ(dttp.DecodeXML(dupText.Root()), 0);
     EXPECT_EQ(log.texts, QStringList({"error: DTTP duplicate variable : INT16",
                                       "error: DTTP duplicate variable : Pair"}));
-    EXPECT_EQ(dttp.ErrCount, 2);
     EXPECT_EQ(Texts(dttp.Types), "INT16,Pair");
     EXPECT_EQ(qobject_cast<DcDAType*>(dttp.FindType("INT16"))->value, "1");
     EXPECT_EQ(qobject_cast<DcDOType*>(dttp.FindType("Pair"))->defname, "");
@@ -131,7 +103,6 @@ TEST_F(ModelWorldTest, TablesTemplatesValidationAndExpansion) {
                 "<DcTemplate><DcDAType type=\"Y\"/></DcTemplate></a>");
     DcDTTP* found = nullptr;
     EXPECT_TRUE(FindAndRakeDTTPFromStr(two.Document(), &found));
-    ASSERT_NE(found, nullptr);
     // A set already there is kept, and the element is skipped.
     DcDTTP* before = found;
     FindAndRakeDTTPFromStr(two.Document(), &found);
@@ -148,13 +119,10 @@ TEST_F(ModelWorldTest, TablesTemplatesValidationAndExpansion) {
     EXPECT_EQ(type.DecodeElement(alone.Root()->FirstChild(), "DcDA"), 3);
     EXPECT_EQ(type.Members.Count, 0);
     delete pDcDTTP;
-    ASSERT_NE(ReadTypes("<DcTemplate><DcDAType type=\"INT16\"/><DcDAType type=\"INT32\"/><DcDOType "
-                        "type=\"A\"><DcDA name=\"v\" type=\"INT16\"/></DcDOType><DcDOType "
-                        "type=\"B\"><DcDA name=\"w\" type=\"INT32\"/></DcDOType><DcDOType "
-                        "type=\"C\"><DcDA name=\"x\" type=\"INT16\"/><DcDA name=\"y\" "
-                        "type=\"INT16\"/></DcDOType></DcTemplate>"),
-              nullptr);
-    EXPECT_TRUE(pDcDTTP->ValidVar());
+    ReadTypes("<DcTemplate><DcDAType type=\"INT16\"/><DcDAType type=\"INT32\"/><DcDOType "
+              "type=\"A\"><DcDA name=\"v\" type=\"INT16\"/></DcDOType><DcDOType type=\"B\"><DcDA "
+              "name=\"w\" type=\"INT32\"/></DcDOType><DcDOType type=\"C\"><DcDA name=\"x\" "
+              "type=\"INT16\"/><DcDA name=\"y\" type=\"INT16\"/></DcDOType></DcTemplate>");
     // Take INT16 out of the set: A and C lose their basic type.
     DcICCPBase* int16 = ListOb(pDcDTTP->Types, 0);
     pDcDTTP->Types.Delete(0);

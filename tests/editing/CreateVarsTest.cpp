@@ -134,10 +134,12 @@ TEST_F(CreateVars, AddVarMakesTagsAndVariables) {
     });
 }
 
-// A later call loads the templates anew: the structure shown by the dialog's
-// last showing is gone, and showing one again must not touch freed types.
+// A later call loads the templates anew and builds the same model: the
+// structure shown by the dialog's last showing is gone, and showing one again
+// must not touch freed types.
 TEST_F(CreateVars, StructureShownInTheDialogDoesNotOutliveAReload) {
-    for (const bool again : {false, true})
+    QByteArray first;
+    for (const bool again : {false, true}) {
         OpenForm(p.unit, [again](CfgArvenSR* f) {
             DialogScript<GetVarFrm> script({[again](GetVarFrm* d) {
                 EXPECT_TRUE(!again || d->ui.tVStruct->model() == nullptr);
@@ -152,4 +154,7 @@ TEST_F(CreateVars, StructureShownInTheDialogDoesNotOutliveAReload) {
             }});
             f->OnAddVar();
         });
+        EXPECT_TRUE(!again || Datarun(p.unit) == first);
+        first = Datarun(p.unit);
+    }
 }

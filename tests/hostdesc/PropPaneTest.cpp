@@ -3,6 +3,7 @@
 // editors.
 #include "common/FormFixture.h"
 #include "form/CfgIecArven.h"
+#include "plugin/HostDescTables.h"
 #include "views/CpropNode.h"
 
 using PropPane = FormTest;
@@ -40,4 +41,18 @@ TEST_F(PropPane, RowsTakeCaptionsAndFlagsOfTheTables) {
     EXPECT_EQ(tagRows.mid(0, 2).join('\n').toStdString(),
               "Базовые свойства/Номер в конфигурации: 0 1 2\n"
               "Базовые свойства/Использование: 1 1 2");
+}
+
+// The table that describes each kind, known by its last row; none, with a count of 0, for a
+// project.
+TEST(DescTables, OneTableForEachKind) {
+    const std::pair<TCfgObjectType, QString> kinds[] = {
+        {cotControlPass, "procType"}, {cotUnit, "template"},
+        {cotLine, "startDelay"},      {cotDirect, "t9"},
+        {cotFolderSource, "using"},   {cotProject, "0"}};
+    for (const auto& [kind, last] : kinds) {
+        int count = -1;
+        const AddDescNode* table = GetAddDescByCIONode(kind, count);
+        EXPECT_EQ(table ? QString(table[count - 1].key) : QString::number(count), last) << kind;
+    }
 }

@@ -27,17 +27,15 @@ protected:
     void SetUp() override;
     void TearDown() override;
 
-    // CfgFormGet for the unit of the project's line. Once the form is shown,
-    // `step` runs inside its modal loop, then the form is closed. Returns
-    // what the entry returned; `shown` tells whether the form was visible.
+    // CfgFormGet for the unit; once the form shows, `step` runs in its modal
+    // loop and the form closes. `shown`: whether the form was visible.
     void* OpenForm(void* unit, const std::function<void(CfgArvenSR*)>& step = {});
     // The answer to the next file dialog: a path, or empty to cancel.
     void answerFile(const QString& path) { fileAnswers << path; }
     // Answers a file dialog with the next answer; false for other widgets.
     bool AnswerFileDialog(QWidget* w);
 
-    // Takes the tags and folders off the first unit and sets its limits to
-    // 1 and 1: its model is then the template's.
+    // The first unit without tags and folders, limits 1 and 1: the template's model.
     void MakeFirstUnitBare();
     QByteArray Datarun(HostObject* unit) const { return unit->get("$DATARUN").toByteArray(); }
     // A file of the current directory with that content; its path.
@@ -52,10 +50,8 @@ protected:
     HostObject* AddTag(HostObject* parent, int kind, int number, const QByteArray& name, int type,
                        int domain, int dataSet, int sbo, const QString& caption = QString());
 
-    // The helpers that reach into the form are templates: their bodies need
-    // the form's class only where a test calls them.
-    // The tag view shows `mode` with `root` at its top, as a click on the
-    // unit leaves it.
+    // Templates, so that only the tests that call them need the form's class.
+    // The tag view shows `mode` with `root` at its top, as a unit's click leaves it.
     template <class Form> void ShowTags(Form* form, int mode, HostObject* root) {
         form->TagMode = mode;
         form->tVTags->setModel(nullptr);
@@ -98,12 +94,10 @@ protected:
         QByteArray name(key);
         form->UpdPropTagUnit(&node, old, ob, name.data());
     }
-    // Answers the next text inputs with `text`, or cancels them for a null
-    // text; their "title|label" go to inputTitles.
+    // Answers the next text inputs (a null text cancels); "title|label" to inputTitles.
     void AnswerInput(const QString& text);
-    // Walks the rows by index() alone: the tag model's row count counts tags
-    // only, so the rows of a folder's tags that follow its sub-folders lie
-    // beyond it.
+    // Walks rows by index() alone: the tag model's row count counts tags only,
+    // so a folder's tags that follow its sub-folders lie beyond it.
     static QModelIndex FindTagRow(QAbstractItemModel* model, const QModelIndex& parent, void* ob);
 
     SmallProject p;
@@ -111,14 +105,12 @@ protected:
     QTemporaryDir dir;
     QString oldDir;
     QStringList fileAnswers;
-    // Each file dialog seen: its title, "|", its filters, "|", the name of
-    // its directory.
+    // Each file dialog seen: "title|filters|directory name".
     QStringList fileDialogs;
     bool shown = false;
     QStringList inputTitles;
-    // Warnings of Qt's model tester, which watches the form's model tree from
-    // the first step on. TearDown fails the test on each one left that no
-    // kept behaviour explains; a test that expects one takes it out.
+    // Qt's model tester's warnings on the form's tree; TearDown fails on each one
+    // left that no kept behaviour explains (a test that expects one takes it out).
     QStringList modelWarnings;
 };
 

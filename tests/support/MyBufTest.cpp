@@ -43,7 +43,11 @@ TEST(MyBufValue, ValuesAndBitSets) {
     // Only the low bytes are kept; INT32 reads back signed; a bit string of the
     // wrong length is refused and leaves zero bits.
     const Row rows[] = {{0, 1, 0, "TRUE", 0, "true", {1}},
+                        {0, 1, 0, "1", 0, "false", {0}},
                         {2, 2, 0, "-1", 0, "65535", {0xFF, 0xFF}},
+                        {2, 2, 0, "70000", 0, "4464", {}},
+                        {4, 1, 0, "300", 0, "44", {}},
+                        {11, 1, 0, "", -1, " ", {}},
                         {2, 2, 0, "258", 0, "258", {2, 1}},
                         {3, 4, 0, "12abc", 0, "12", {}},
                         {6, 4, 0, "4294967295", 0, "-1", {}},
@@ -51,6 +55,7 @@ TEST(MyBufValue, ValuesAndBitSets) {
                         {8, 4, 0, "-0.1", 0, "-0.100000", {}},
                         {13, 1, 3, "00100", 0, "00100", {0x20}},
                         {13, 1, 3, "00100000", -1, "00000", {0}},
+                        {13, 1, 3, "1x0a1", 0, "10001", {}},
                         {12, 1, 0, "11000001", 0, "11000001", {0xC1}},
                         {14, 2, 4, "100000000001", 0, "100000000001", {0x80, 0x10}}};
     for (const Row& r : rows) {
@@ -115,6 +120,7 @@ TEST(MyBufValue, ValuesAndBitSets) {
         EXPECT_EQ(b.SetBit(s[0]), s[1]) << s[0];
     EXPECT_EQ(b.GetIdx(9), 1);
     EXPECT_EQ(b.GetOneAfter(-1), 9);
+    EXPECT_EQ(b.GetOneAfter(9), -1);
     EXPECT_EQ(b.ToUshort(), 0x0040);
     b.SetAll();
     EXPECT_EQ(b.GetOneCount(), 10);

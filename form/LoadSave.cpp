@@ -9,12 +9,14 @@
 #include "support/myNode.h"
 #include "views/PropModel.h"
 #include "views/SomeModelsIED.h"
+#include "views/ViewModel.h"
 
 #include <QCloseEvent>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPixmapCache>
 #include <QRegularExpression>
 #include <QSet>
 #include <QStatusBar>
@@ -80,7 +82,7 @@ void CfgArvenSR::ParseToTree(TiXmlDocument& document) {
     }
     pTreeIedModel->setRootNode(node);
     tVIed->expandAll();
-    tVIed->setModel(pTreeIedModel);
+    SetViewModel(tVIed, pTreeIedModel);
     tVIed->setVisible(true);
     UpDateFullDSList();
 }
@@ -235,8 +237,8 @@ void CfgArvenSR::Write2SCLFile(QStringList& lines, QString& path) {
 }
 
 void CfgArvenSR::ClearICCP() {
-    tVProp->setModel(nullptr);
-    tVIed->setModel(nullptr);
+    SetViewModel(tVProp, nullptr);
+    SetViewModel(tVIed, nullptr);
     if (myNode* root = pPropIccp->rootNode) {
         pPropIccp->setRootNode(nullptr);
         root->DeleteSubTree();
@@ -314,11 +316,15 @@ void CfgArvenSR::closeEvent(QCloseEvent* e) {
     if (CurUnit) {
         if (!Filecont.isEmpty())
             Write2CFG(CurUnit);
-        tVIed->setModel(nullptr);
+        SetViewModel(tVIed, nullptr);
         if (pVCC)
             disconnect(pVCC, RemovedSignal, this, RemovedSlot);
         needemit = false;
     }
+    // Style-sheeted headers are painted with a new palette every time, and
+    // the style caches each painting under that palette's key: what this
+    // run painted would stay in the cache until it is full.
+    QPixmapCache::clear();
     // The close isn't vetoed: the model and its tree stay for the next run.
     QDialog::closeEvent(e);
 }

@@ -14,6 +14,7 @@
 #include "views/PropTreeModel.h"
 #include "views/SomeModelsIED.h"
 #include "views/UnitTagsModel.h"
+#include "views/ViewModel.h"
 
 #include <QActionGroup>
 #include <QHeaderView>
@@ -34,7 +35,7 @@ bool AttachTagModel(CfgArvenSR* f) {
     void* root = f->pTagsModel->rootNode();
     if (root)
         f->pTagsModel->setRootNode(root);
-    f->tVTags->setModel(f->pTagsModel);
+    SetViewModel(f->tVTags, f->pTagsModel);
     return root;
 }
 
@@ -52,7 +53,7 @@ void CfgArvenSR::OnlW_UnitClicked(QListWidgetItem* item) {
     if (!item)
         return;
     void* unit = item->data(Qt::UserRole).value<void*>();
-    tVTags->setModel(nullptr);
+    SetViewModel(tVTags, nullptr);
     RepaintTags();
     AttachTagModel(this);
     SetPropModel(unit);
@@ -73,11 +74,11 @@ void CfgArvenSR::RepaintTags() {
 }
 
 void CfgArvenSR::ViewTags(void* unit) {
-    tVTags->setModel(nullptr);
+    SetViewModel(tVTags, nullptr);
     pTagsModel->mode = TagMode;
     const std::vector<void*> folders = GetChildren(unit, TagMode + 8);
     pTagsModel->setRootNode(folders.empty() ? unit : folders.front());
-    tVTags->setModel(pTagsModel);
+    SetViewModel(tVTags, pTagsModel);
 }
 
 void CfgArvenSR::SetTagModeView(QAction* action) {
@@ -89,8 +90,8 @@ void CfgArvenSR::SetTagModeView(QAction* action) {
         TagMode = 2;
     else
         TagMode = 3;
-    tVTags->setModel(nullptr);
-    tVProp->setModel(nullptr);
+    SetViewModel(tVTags, nullptr);
+    SetViewModel(tVProp, nullptr);
     RepaintTags();
     if (AttachTagModel(this)) {
         tVTags->header()->show();
@@ -106,22 +107,22 @@ void CfgArvenSR::OntVTagsClick(const QModelIndex& index) {
     void* node = index.isValid() ? index.data(Qt::UserRole).value<void*>() : nullptr;
     // A click beside the rows leaves the property pane empty.
     if (!node) {
-        tVProp->setModel(nullptr);
+        SetViewModel(tVProp, nullptr);
         return;
     }
     pPropTree->setRootNode(node);
-    tVProp->setModel(pPropTree);
+    SetViewModel(tVProp, pPropTree);
     tVProp->header()->setSectionResizeMode(QHeaderView::Stretch);
     tVProp->expandAll();
 }
 
 void CfgArvenSR::SetPropModel(void* ob) {
     if (!ob) {
-        tVProp->setModel(nullptr);
+        SetViewModel(tVProp, nullptr);
         return;
     }
     pPropTree->setRootNode(ob);
-    tVProp->setModel(pPropTree);
+    SetViewModel(tVProp, pPropTree);
     // A cell opens its editor as soon as it becomes current.
     tVProp->setSelectionBehavior(QAbstractItemView::SelectItems);
     tVProp->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -132,7 +133,7 @@ void CfgArvenSR::SetPropModel(void* ob) {
 }
 
 void CfgArvenSR::OntVIedClicked(const QModelIndex& index) {
-    tVprop->setModel(nullptr);
+    SetViewModel(tVprop, nullptr);
     if (index.column() > 0)
         return;
     myNode* node = pTreeIedModel && index.model() == pTreeIedModel
@@ -170,7 +171,7 @@ void CfgArvenSR::OntVIedClicked(const QModelIndex& index) {
     pPropIccp->setRootNode(shown);
     if (old)
         old->DeleteSubTree();
-    tVprop->setModel(pPropIccp);
+    SetViewModel(tVprop, pPropIccp);
 }
 
 void CfgArvenSR::OnExtUpd(void* node) {

@@ -4,6 +4,7 @@
 #include "model/ICCPTypes_Nat.h"
 #include "plugin/cfgCalls.h"
 #include "views/SomeModelsIED.h"
+#include "views/ViewModel.h"
 
 #include <QMessageBox>
 
@@ -60,8 +61,8 @@ void FillProtICCPData(void*& unit) {
 
 void CfgArvenSR::ResetFrm() {
     ClearICCP();
-    tVProp->setModel(nullptr);
-    tVTags->setModel(nullptr);
+    SetViewModel(tVProp, nullptr);
+    SetViewModel(tVTags, nullptr);
     lW_ieds->clear();
     FirstShow = true;
 }
@@ -83,7 +84,7 @@ void CfgArvenSR::UpdAfterLoad(void*) {
     ResetInfoDS();
     CreateNewVar(tags);
     CreateNewNodeInTree();
-    tVIed->setModel(pTreeIedModel);
+    SetViewModel(tVIed, pTreeIedModel);
     if (!tVIed->isVisible())
         tVIed->setVisible(true);
 }

@@ -14,6 +14,7 @@
 #include "views/CpropNode.h"
 #include "views/SomeModelsIED.h"
 #include "views/UnitTagsModel.h"
+#include "views/ViewModel.h"
 
 #include <QInputDialog>
 #include <QMessageBox>
@@ -163,8 +164,8 @@ void CfgArvenSR::OnCreateFolg() {
         Inform(this, "Сообщение", "Ошибка. По-видимому нарушена уникальность имен");
         return;
     }
-    tVTags->setModel(nullptr);
-    tVTags->setModel(pTagsModel);
+    SetViewModel(tVTags, nullptr);
+    SetViewModel(tVTags, pTagsModel);
 }
 
 void CfgArvenSR::OnCreateTag() {}
@@ -214,9 +215,9 @@ void CfgArvenSR::OnCreateTagInFld() {
     if (tag)
         pListTag->AddObject(key, tag, true);
     if (pTagsModel->rootNode() == parent && row == 0) {
-        tVTags->setModel(nullptr);
+        SetViewModel(tVTags, nullptr);
         pTagsModel->setRootNode(parent);
-        tVTags->setModel(pTagsModel);
+        SetViewModel(tVTags, pTagsModel);
         emit pTagsModel->dataChanged(pTagsModel->index(0, 0), pTagsModel->index(0, 0));
     } else {
         const int rows = pTagsModel->rowCount(parentIndex);
@@ -442,7 +443,7 @@ void ApplyDomain(CfgArvenSR* form, const QString& newValue, const QString& oldVa
     int newDomain = 0, oldDomain = 0;
     if (!BothInts(newValue, oldValue, newDomain, oldDomain))
         return;
-    form->tVProp->setModel(nullptr);
+    SetViewModel(form->tVProp, nullptr);
     if (newDomain == oldDomain)
         return;
     // The tree changes under the view; no click may reach it meanwhile.

@@ -13,6 +13,7 @@
 #include "plugin/cfgCalls.h"
 #include "support/myNode.h"
 #include "views/SomeModelsIED.h"
+#include "views/ViewModel.h"
 
 #include <QAbstractItemModel>
 #include <algorithm>
@@ -220,13 +221,13 @@ void CfgArvenSR::DelElemsTree(StringList& list) {
 
     // Only the tree is rebuilt; the columns keep their widths.
     SaveSettingsTVIED();
-    tVIed->setModel(nullptr);
+    SetViewModel(tVIed, nullptr);
     auto root = new myNode(pVCC->name, pVCC);
     pVCC->FillmyNode(root);
     if (!pTreeIedModel)
         pTreeIedModel = new IEDTreeModel(this);
     pTreeIedModel->setRootNode(root);
-    tVIed->setModel(pTreeIedModel);
+    SetViewModel(tVIed, pTreeIedModel);
     LoadSettingsTVIED();
     tVIed->expandAll();
     OncurrentItemChangedDS(lWInfo->currentItem(), nullptr);

@@ -6,7 +6,7 @@ MUTANTS ?= 200
 SEED ?= 1
 CMAKE_FLAGS ?=
 
-.PHONY: all deps build asan-build fuzz-build test test-plain test-asan demo bench scale screenshots fuzz fuzz-short mutants format clean
+.PHONY: all deps build asan-build fuzz-build test test-plain test-asan demo bench scale screenshots fuzz fuzz-short mutants valgrind format clean
 
 all: build
 
@@ -48,6 +48,10 @@ screenshots: build
 # and prints the times and the peak memory.
 scale: deps
 	scripts/run-scale build-scale
+
+# iccp-host under valgrind's memcheck on the demo project and a 5,000-tag unit.
+valgrind: build
+	scripts/run-valgrind build
 
 # Breaks the plug-in's code one small change at a time and reports which
 # changes the suite notices; outside `make test`.

@@ -1,7 +1,5 @@
-// Answers message boxes for a test: every QMessageBox that appears while the
-// recorder lives is recorded (title, text, buttons, icon) and answered with
-// the next queued button, or else with its escape button. Other modal
-// dialogs go to a handler, if one is set.
+// Records each QMessageBox shown while it lives and answers it with the next
+// queued button, or its escape button; other modal dialogs go to a handler.
 #pragma once
 
 #include <QList>
@@ -25,8 +23,7 @@ public:
 
     // The answer to the next box that has this button.
     void answerNext(QMessageBox::StandardButton button) { m_answers.append(button); }
-    // Called with each modal widget that isn't a message box; returns true
-    // when it dealt with the widget.
+    // Given each modal widget that isn't a message box; true when it dealt with it.
     void setDialogHandler(std::function<bool(QWidget*)> handler) { m_handler = std::move(handler); }
 
     const QList<RecordedBox>& boxes() const { return m_boxes; }

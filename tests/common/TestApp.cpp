@@ -10,9 +10,8 @@ QApplication* EnsureApp() {
     static int argc = 1;
     static char name[] = "test";
     static char* argv[] = {name, nullptr};
-    // Never destroyed: at exit Qt's own statics may be gone before a static
-    // application, and windows still open (the plug-in's form lives on)
-    // would be torn down against them.
+    // Never destroyed: at exit Qt's statics may go before it, and the windows
+    // still open (the plug-in's form lives on) would be torn down against them.
     static QApplication* app = new QApplication(argc, argv);
     return app;
 }

@@ -1,5 +1,4 @@
-// The one QApplication of a test program, made on first use, offscreen
-// unless the environment picks a platform.
+// The test program's one QApplication, made on first use; offscreen by default.
 #pragma once
 
 class QApplication;

@@ -1,5 +1,8 @@
 #include "app/Options.h"
 
+#include <QFile>
+#include <QFileInfo>
+
 const char* const hostUsage =
     "usage: iccp-host [PROJECT.json] [--unit N] [--headless] [--print-datarun]\n"
     "                 [--screenshot FILE.png] [--plugin PATH] [--timing]\n"
@@ -29,6 +32,26 @@ const char* const hostUsage =
     "                        answers Cancel; the project file is not written. Exit\n"
     "                        status 0 all fits, 1 something does not, 2 no check ran\n";
 
+namespace {
+
+// A picture goes only to a ".png" name, and replaces nothing but a picture.
+bool PictureNameFits(const QString& name, QString& error) {
+    if (!name.endsWith(".png", Qt::CaseInsensitive)) {
+        error = "--screenshot takes a name ending in \".png\": " + name;
+        return false;
+    }
+    QFile file(name);
+    if (!file.exists())
+        return true;
+    if (!QFileInfo(name).isDir() && file.open(QIODevice::ReadOnly) &&
+        file.read(8) == QByteArray("\x89PNG\r\n\x1a\n", 8))
+        return true;
+    error = "--screenshot would write over " + name + ", which is not a PNG picture";
+    return false;
+}
+
+} // namespace
+
 bool ParseOptions(const QStringList& args, HostOptions& options, QString& error) {
     for (int i = 0; i < args.size(); ++i) {
         const QString& arg = args[i];
@@ -47,6 +70,8 @@ bool ParseOptions(const QStringList& args, HostOptions& options, QString& error)
             }
         } else if (arg == "--screenshot") {
             options.screenshot = args[++i];
+            if (!PictureNameFits(options.screenshot, error))
+                return false;
         } else if (arg == "--screenshot-of") {
             options.screenshotOf = args[++i];
         } else if (arg == "--expand") {

@@ -60,6 +60,13 @@ int main(int argc, char** argv) {
     else if (!LoadProject(project, options.project, &error))
         return Fail(error, options);
     timer.mark(RunTimer::LoadEnd);
+    // A check leaves the project file as it was; any other run on a file
+    // writes it back, and finds out that it can't before the engineer
+    // edits anything.
+    const bool saves = !options.check && !options.project.isEmpty();
+    if (saves && !CanSaveProject(options.project, &error))
+        return Fail(error + "; the project could not be saved, so the form was not opened",
+                    options);
 
     HostObject* line = project.findFirst(cotLine);
     if (!line)
@@ -97,9 +104,7 @@ int main(int argc, char** argv) {
     watcher.stop();
 
     timer.mark(RunTimer::SaveStart);
-    // A check leaves the project file as it was.
-    if (!options.check && !options.project.isEmpty() &&
-        !SaveProject(project, options.project, &error))
+    if (saves && !SaveProject(project, options.project, &error))
         return Fail(error, options);
     timer.mark(RunTimer::SaveEnd);
     if (options.printDatarun)

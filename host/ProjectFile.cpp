@@ -3,12 +3,15 @@
 #include "host/HostClasses.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QHash>
 #include <QIODevice>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSaveFile>
+#include <QStringList>
+#include <QTemporaryFile>
 #include <QTextCodec>
 #include <QVector>
 #include <algorithm>
@@ -451,5 +454,29 @@ bool SaveProject(const HostProject& project, const QString& path, QString* error
     }
     if (error)
         *error = path + ": " + file.errorString();
+    return false;
+}
+
+bool CanSaveProject(const QString& path, QString* error) {
+    QString why;
+    QSaveFile file(path);
+    // The save opens its temporary file unnamed where the system allows, and
+    // names it only to rename it over the project: both are tried here, the
+    // name given when it is asked for.
+    QTemporaryFile named(path);
+    if (QFileInfo(path).isDir())
+        why = "a folder stands there";
+    else if (!file.open(QIODevice::WriteOnly))
+        why = file.errorString();
+    else if (!named.open())
+        why = named.errorString();
+    else if (!QFileInfo::exists(named.fileName()))
+        why = "no temporary file can be named beside it";
+    // Neither is kept: an open QSaveFile that is not committed, and a
+    // temporary file, are removed when they go.
+    if (why.isEmpty())
+        return true;
+    if (error)
+        *error = path + ": " + why;
     return false;
 }

@@ -16,3 +16,6 @@ bool LoadProject(HostProject& project, const QString& path, QString* error = nul
 // Writes to a temporary file beside `path` and renames it over `path`, so a
 // crash leaves either the old file or the new one.
 bool SaveProject(const HostProject& project, const QString& path, QString* error = nullptr);
+// Whether SaveProject could replace `path` now: the temporary file can be
+// made beside it and the file may be replaced. Nothing is left behind.
+bool CanSaveProject(const QString& path, QString* error = nullptr);

@@ -47,6 +47,10 @@ TEST(Launcher, OptionsAndRefusals) {
     ASSERT_TRUE(SaveProject(p.host, at("check.json")));
     p.host.remove(p.host.findAll(cotSource).last());
     ASSERT_TRUE(SaveProject(p.host, at("clean.json")));
+    // A file whose save can't name its temporary file beside it; a text named as a picture.
+    const QString unsavable = dir.filePath(QString(250, 'u') + ".json");
+    ASSERT_TRUE(SaveProject(p.host, unsavable));
+    WriteFile(at("text.png"), "not a picture");
     const ino_t checked = Inode(at("check.json"));
     const QString timing = "iccp-host: timing load \\d+\\.\\d{3} s, open \\d+\\.\\d{3} s, close "
                            "\\d+\\.\\d{3} s, save \\d+\\.\\d{3} s, teardown \\d+\\.\\d{3} s, total "
@@ -73,6 +77,9 @@ TEST(Launcher, OptionsAndRefusals) {
          "tVTags: no row begins with \"No such tag\"",
          ""},
         {{"--headless", "--screenshot-of", "nowhere"}, 1, "nowhere: no widget of that name", ""},
+        {{"--headless", "--screenshot", at("check.json")}, 2, "ending in \"\\.png\"", ""},
+        {{"--headless", "--screenshot", at("text.png")}, 2, "which is not a PNG picture", ""},
+        {{unsavable, "--headless"}, 1, "could not be saved, so the form was not opened", ""},
         {{"--headless", "--timing"}, 0, "^(?=[\\s\\S]*2\\.1\\.0)[\\s\\S]*" + timing, ""},
         {{"--headless"}, 0, "^(?![\\s\\S]*timing)", ""},
         {{at("check.json"), "--check"},

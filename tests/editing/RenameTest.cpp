@@ -80,6 +80,7 @@ TEST_F(Rename, NamesReachTheirCopiesAndNoFurther) {
         names.steps << Name("Fast", "DataSet_1");
         f->actRename->trigger();
         EXPECT_EQ(f->lWInfo->findItems("ICC_2/Fast", Qt::MatchExactly).size(), 1);
+        EXPECT_TRUE(f->lWInfo->findItems("ICC_2/DataSet_1", Qt::MatchExactly).isEmpty());
         DcICCPBase* trSet = ListOb(ICC(2)->TransSets, 0);
         f->tVIed->setCurrentIndex(RowOf(tree, trSet));
         names.steps << Name("TS", QString::fromStdString(trSet->name));

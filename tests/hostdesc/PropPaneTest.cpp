@@ -18,6 +18,9 @@ TEST_F(PropPane, RowsTakeCaptionsAndFlagsOfTheTables) {
             f->SetPropModel(ob->handle());
             const QAbstractItemModel* m = f->tVProp->model();
             ASSERT_NE(m, nullptr);
+            EXPECT_EQ(m->headerData(0, Qt::Horizontal).toString() + "|" +
+                          m->headerData(1, Qt::Horizontal).toString(),
+                      "Свойство|Значение");
             for (int g = 0; g < m->rowCount(); ++g) {
                 const QModelIndex group = m->index(g, 0);
                 for (int r = 0; r < m->rowCount(group); ++r) {

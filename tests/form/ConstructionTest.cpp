@@ -8,6 +8,7 @@
 
 #include <QDir>
 #include <QKeyEvent>
+#include <QRegularExpression>
 #include <QSignalSpy>
 
 namespace {
@@ -19,11 +20,12 @@ bool TakesKey(QWidget* view, int key, Qt::KeyboardModifiers modifiers) {
     return filter && filter->eventFilter(view, &e);
 }
 
-// What Qt says of the connections that can't be made.
+// What Qt says of the connections that can't be made, without the place that
+// debug builds add.
 QStringList connectWarnings;
 void CollectConnectWarnings(QtMsgType, const QMessageLogContext&, const QString& text) {
     if (text.startsWith("QObject::connect: No such"))
-        connectWarnings << text;
+        connectWarnings << QString(text).remove(QRegularExpression(" in \\S+:\\d+$"));
 }
 
 } // namespace

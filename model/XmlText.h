@@ -11,7 +11,12 @@
 #include <QString>
 #include <tinyxml.h>
 
-// Parses text up to its first zero byte.
+// The deepest nesting of elements that a model text may have; a model
+// needs fewer than twenty levels.
+constexpr int kMaxXmlDepth = 256;
+
+// Parses text up to its first zero byte. A text nested deeper than
+// kMaxXmlDepth is not parsed and leaves `document` in error.
 void ParseXmlText(TiXmlDocument& document, const char* text, TiXmlEncoding encoding);
 // Reads a file and parses it as TiXmlDocument::LoadFile does (line ends
 // folded to LF, the default encoding). False when the file can't be read,

@@ -15,6 +15,7 @@
 #include "plugin/CfgIecArvenlib.h"
 #include "support/myNode.h"
 #include "views/PropModel.h"
+#include "views/ViewModel.h"
 
 GetVarFrm* FGetVarFrm = nullptr;
 
@@ -36,7 +37,7 @@ GetVarFrm::GetVarFrm(QWidget* parent)
     ui.lEName->setValidator(
         new QRegExpValidator(QRegExp("[a-zA-Z]([a-zA-Z0-9_]+)", Qt::CaseSensitive), this));
     ui.lEStart->setValidator(new QRegExpValidator(QRegExp("[0-9]+", Qt::CaseSensitive), this));
-    ui.listVAD->setModel(pListTypes);
+    SetViewModel(ui.listVAD, pListTypes);
 
     connect(ui.listVAD, SIGNAL(clicked(QModelIndex)), this, SLOT(OnlistVADcliked(QModelIndex)));
     connect(ui.tBut, SIGNAL(clicked()), this, SLOT(ontButClicked()));
@@ -66,11 +67,11 @@ void GetVarFrm::OnlistVADcliked(const QModelIndex& index) {
     std::string type, defname;
     if (auto* da = cls == "DcDAType" ? qobject_cast<DcDAType*>(SelType) : nullptr) {
         ui.lW->addItem(LocalToQ(da->desc));
-        ui.tVStruct->setModel(nullptr);
+        SetViewModel(ui.tVStruct, nullptr);
         type = da->type;
         defname = da->defname;
     } else if (auto* dO = cls == "DcDOType" ? qobject_cast<DcDOType*>(SelType) : nullptr) {
-        ui.tVStruct->setModel(nullptr);
+        SetViewModel(ui.tVStruct, nullptr);
         auto* root = new myNode(dO->type, dO);
         dO->GetFullContDesc(root);
         // The old tree goes once the model no longer points at it; the
@@ -79,7 +80,7 @@ void GetVarFrm::OnlistVADcliked(const QModelIndex& index) {
         pModel4Add->setRootNode(root);
         if (old)
             old->DeleteSubTree();
-        ui.tVStruct->setModel(pModel4Add);
+        SetViewModel(ui.tVStruct, pModel4Add);
         type = dO->type;
         defname = dO->defname;
     } else {

@@ -15,6 +15,7 @@
 #include "views/ProxyModel4TagsModel.h"
 #include "views/SomeModelsIED.h"
 #include "views/UnitTagsModel.h"
+#include "views/ViewModel.h"
 
 #include <QComboBox>
 #include <QListView>
@@ -207,7 +208,7 @@ void CfgArvenSR::Prepare4AddVar(int quantity) {
     dialog->ui.sBCount->setValue(quantity);
     // The structure shown last was built over templates loaded since freed.
     if (dialog->TemplLoadsShown != TemplLoads) {
-        dialog->ui.tVStruct->setModel(nullptr);
+        SetViewModel(dialog->ui.tVStruct, nullptr);
         myNode* old = dialog->pModel4Add->rootNode;
         dialog->pModel4Add->setRootNode(nullptr);
         if (old)
@@ -216,9 +217,9 @@ void CfgArvenSR::Prepare4AddVar(int quantity) {
     }
     if (pDcDTTP) {
         QListView* view = dialog->ui.listVAD;
-        view->setModel(nullptr);
+        SetViewModel(view, nullptr);
         dialog->pListTypes->FillTypes(pDcDTTP);
-        view->setModel(dialog->pListTypes);
+        SetViewModel(view, dialog->pListTypes);
     }
     QComboBox* dataSets = dialog->ui.cBDataSet;
     dataSets->clear();
@@ -361,7 +362,7 @@ bool CfgArvenSR::CreateInTree(QString base, int first, int count, DcICCPBase* ho
     if (hosts.isEmpty())
         return true;
     const QModelIndex folder = ChildRowByText(pTreeIedModel, hosts.first(), "Переменные");
-    tVprop->setModel(nullptr);
+    SetViewModel(tVprop, nullptr);
     if (folder.isValid())
         pTreeIedModel->AddVarmNode(folder, 0, &out, names);
     return true;

@@ -13,6 +13,7 @@
 #include "tags/TagFolders.h"
 #include "views/SomeModelsIED.h"
 #include "views/UnitTagsModel.h"
+#include "views/ViewModel.h"
 
 #include <QMessageBox>
 #include <QSet>
@@ -199,7 +200,7 @@ void CfgArvenSR::DelFromUnits() {
     delete lW_ieds->takeItem(lW_ieds->row(item));
     cfgObDelete(unit);
     for (QTreeView* view : {tVTags, tVProp, tVIed, tVprop})
-        view->setModel(nullptr);
+        SetViewModel(view, nullptr);
     if (QListWidgetItem* next = lW_ieds->currentItem())
         emit lW_ieds->currentItemChanged(next, next);
 }
@@ -324,8 +325,8 @@ void CfgArvenSR::DeleteOb(const QModelIndex& index) {
         break;
     case 52: // DcTransSet, under an ICC
         if (auto icc = qobject_cast<DcLD*>(owner)) {
-            tVprop->setModel(nullptr);
-            tVProp->setModel(nullptr);
+            SetViewModel(tVprop, nullptr);
+            SetViewModel(tVProp, nullptr);
             list(&icc->TransSets, ob);
             delete ob;
             pTreeIedModel->nodeFromIndex(index)->object = nullptr;

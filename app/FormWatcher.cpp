@@ -2,14 +2,12 @@
 
 #include "app/RunTimer.h"
 
-#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPixmap>
 #include <QPushButton>
-#include <cstdio>
 
 namespace {
 
@@ -54,15 +52,7 @@ void FormWatcher::poll() {
     }
     if (!m_closeForm)
         return;
-    fprintf(stderr, "iccp-host: message \"%s\": %s\n", qPrintable(box->windowTitle()),
-            qPrintable(box->text()));
-    QAbstractButton* answer = box->escapeButton();
-    if (!answer)
-        answer = box->defaultButton();
-    if (answer)
-        answer->click();
-    else
-        box->close();
+    AnswerMessageBox(box);
 }
 
 void FormWatcher::handleForm(QWidget* form) {

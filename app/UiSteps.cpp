@@ -5,9 +5,11 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QTreeView>
+#include <cstdio>
 
 bool ParseClickStep(const QString& arg, UiStep& step) {
     const int colon = arg.indexOf(':');
@@ -67,6 +69,18 @@ QAction* FindActionByText(QWidget* form, const QString& text) {
         if (action->text() == text)
             return action;
     return nullptr;
+}
+
+void AnswerMessageBox(QMessageBox* box) {
+    fprintf(stderr, "iccp-host: message \"%s\": %s\n", qPrintable(box->windowTitle()),
+            qPrintable(box->text()));
+    QAbstractButton* answer = box->escapeButton();
+    if (!answer)
+        answer = box->defaultButton();
+    if (answer)
+        answer->click();
+    else
+        box->close();
 }
 
 QStringList CancelListDialog(QWidget* dialog) {

@@ -9,6 +9,7 @@
 #include <QStringList>
 
 class QAction;
+class QMessageBox;
 class QWidget;
 
 struct UiStep {
@@ -26,6 +27,9 @@ QString RunUiSteps(QWidget* form, const QList<UiStep>& steps);
 // The action below the form that shows this text, menus included; null for
 // none.
 QAction* FindActionByText(QWidget* form, const QString& text);
+// Tells the box on stderr and answers it with its escape button, else its
+// default button, else closes it.
+void AnswerMessageBox(QMessageBox* box);
 // The rows of the dialog's list, after which the dialog is answered with its
 // Cancel button.
 QStringList CancelListDialog(QWidget* dialog);

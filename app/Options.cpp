@@ -1,5 +1,7 @@
 #include "app/Options.h"
 
+#include "app/BatchExport.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -7,7 +9,7 @@ const char* const hostUsage =
     "usage: iccp-host [PROJECT.json] [--unit N] [--headless] [--print-datarun]\n"
     "                 [--screenshot FILE.png] [--plugin PATH] [--timing]\n"
     "                 [--expand VIEW] [--click VIEW:TEXT] [--screenshot-of NAME]\n"
-    "                 [--check]\n"
+    "                 [--check] [--export DIR [--save]]\n"
     "\n"
     "Opens the ICCP server configuration form for one unit of a host project.\n"
     "  PROJECT.json          project of the stand-in host, saved back after the form\n"
@@ -30,7 +32,13 @@ const char* const hostUsage =
     "  --check               headless, runs the form's \"Корректность тегов\", prints\n"
     "                        one line for each tag or variable that does not fit and\n"
     "                        answers Cancel; the project file is not written. Exit\n"
-    "                        status 0 all fits, 1 something does not, 2 no check ran\n";
+    "                        status 0 all fits, 1 something does not, 2 no check ran\n"
+    "  --export DIR          headless, runs the form's \"Сохранить BilateralTable в\n"
+    "                        файл\" into DIR/<ied_name>.blt with the CSV beside it (or\n"
+    "                        .xml, no CSV, when the unit's sclcomplete is set) and\n"
+    "                        closes the form, which writes $DATARUN. Exit status 0\n"
+    "                        done, 1 the project or unit is not usable, 2 bad arguments\n"
+    "  --save                with --export: write the project file back\n";
 
 namespace {
 
@@ -56,7 +64,8 @@ bool ParseOptions(const QStringList& args, HostOptions& options, QString& error)
     for (int i = 0; i < args.size(); ++i) {
         const QString& arg = args[i];
         const bool takesValue = arg == "--unit" || arg == "--screenshot" || arg == "--plugin" ||
-                                arg == "--expand" || arg == "--click" || arg == "--screenshot-of";
+                                arg == "--expand" || arg == "--click" || arg == "--screenshot-of" ||
+                                arg == "--export";
         if (takesValue && i + 1 == args.size()) {
             error = arg + " needs a value";
             return false;
@@ -86,6 +95,12 @@ bool ParseOptions(const QStringList& args, HostOptions& options, QString& error)
                 return false;
             }
             options.steps << step;
+        } else if (arg == "--export") {
+            options.exportDir = args[++i];
+            if (!ExportFolderFits(options.exportDir, error))
+                return false;
+        } else if (arg == "--save") {
+            options.save = true;
         } else if (arg == "--plugin") {
             options.plugin = args[++i];
         } else if (arg == "--headless") {
@@ -107,6 +122,14 @@ bool ParseOptions(const QStringList& args, HostOptions& options, QString& error)
             error = "one project file only: " + arg;
             return false;
         }
+    }
+    if (options.save && options.exportDir.isEmpty()) {
+        error = "--save goes with --export; other runs save anyway";
+        return false;
+    }
+    if (options.check && !options.exportDir.isEmpty()) {
+        error = "--check and --export are separate runs";
+        return false;
     }
     return true;
 }

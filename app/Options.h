@@ -18,6 +18,8 @@ struct HostOptions {
     QString screenshotOf; // object name of the widget pictured; empty: the form
     QList<UiStep> steps;  // taken on the shown form, in order
     QString plugin;
+    QString exportDir; // the form's save into this folder, then its close
+    bool save = false; // an export writes the project file back
     bool help = false;
 };
 

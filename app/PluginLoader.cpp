@@ -1,6 +1,15 @@
 #include "app/PluginLoader.h"
 
+#include <QCoreApplication>
+#include <QFileInfo>
 #include <dlfcn.h>
+
+QString PluginLoader::defaultPath() {
+    const QString installed = QCoreApplication::applicationDirPath() + "/../" ICCP_PLUGIN_DIR "/" +
+                              QFileInfo(ICCP_DEFAULT_PLUGIN).fileName();
+    return QFileInfo::exists(installed) ? QFileInfo(installed).canonicalFilePath()
+                                        : QString(ICCP_DEFAULT_PLUGIN);
+}
 
 bool PluginLoader::load(const QString& path, QString* error) {
     void* handle = dlopen(path.toLocal8Bit().constData(), RTLD_NOW | RTLD_LOCAL);

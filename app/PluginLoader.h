@@ -13,6 +13,9 @@ public:
     using Version = void (*)(uint64_t* major, uint64_t* minor, uint64_t* build, void* reserved,
                              const char** author);
 
+    // The plug-in installed beside the program (its plug-in folder under the
+    // library path), else the one of the build tree.
+    static QString defaultPath();
     // False with `error` set when the library or one of the exports is
     // missing.
     bool load(const QString& path, QString* error);

@@ -1,6 +1,7 @@
 // iccp-host: the stand-in host configurator's launcher. It opens a project
 // (or the demo), loads the plug-in by name and runs the form for one unit.
 
+#include "app/BatchExport.h"
 #include "app/FormWatcher.h"
 #include "app/Options.h"
 #include "app/PluginLoader.h"
@@ -45,7 +46,7 @@ int main(int argc, char** argv) {
         fputs(hostUsage, stdout);
         return 0;
     }
-    options.headless = options.headless || options.check;
+    options.headless = options.headless || options.check || !options.exportDir.isEmpty();
     // A platform named by the caller stands, so that a headless run can be
     // pictured on a virtual display.
     if (options.headless && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
@@ -60,10 +61,11 @@ int main(int argc, char** argv) {
     else if (!LoadProject(project, options.project, &error))
         return Fail(error, options);
     timer.mark(RunTimer::LoadEnd);
-    // A check leaves the project file as it was; any other run on a file
-    // writes it back, and finds out that it can't before the engineer
-    // edits anything.
-    const bool saves = !options.check && !options.project.isEmpty();
+    // A check, and an export without --save, leave the project file as it
+    // was; any other run on a file writes it back, and finds out that it
+    // can't before the engineer edits anything.
+    const bool saves = !options.check && !options.project.isEmpty() &&
+                       (options.exportDir.isEmpty() || options.save);
     if (saves && !CanSaveProject(options.project, &error))
         return Fail(error + "; the project could not be saved, so the form was not opened",
                     options);
@@ -78,9 +80,13 @@ int main(int argc, char** argv) {
                         .arg(options.unit),
                     options);
     HostObject* unit = units[options.unit];
+    const QString target =
+        options.exportDir.isEmpty() ? QString() : ExportTarget(unit, options.exportDir, &error);
+    if (!options.exportDir.isEmpty() && target.isEmpty())
+        return Fail(error, options);
 
     PluginLoader plugin;
-    const QString path = options.plugin.isEmpty() ? QString(ICCP_DEFAULT_PLUGIN) : options.plugin;
+    const QString path = options.plugin.isEmpty() ? PluginLoader::defaultPath() : options.plugin;
     if (!plugin.load(path, &error))
         return Fail(error, options);
     uint64_t major = 0, minor = 0, build = 0;
@@ -93,8 +99,11 @@ int main(int argc, char** argv) {
     FormWatcher watcher(options.headless, options.screenshot, options.timing ? &timer : nullptr);
     watcher.setPicture(options.steps, options.screenshotOf);
     watcher.setCheck(options.check);
-    if (options.headless || !options.screenshot.isEmpty() || options.timing ||
-        !options.steps.isEmpty())
+    BatchExport batch(target);
+    if (!target.isEmpty())
+        batch.start();
+    else if (options.headless || !options.screenshot.isEmpty() || options.timing ||
+             !options.steps.isEmpty())
         watcher.start();
     if (options.timing)
         timer.watch();
@@ -102,6 +111,11 @@ int main(int argc, char** argv) {
     plugin.formGet(HostProject::table(), line, unit, nullptr);
     timer.mark(RunTimer::FormReturned);
     watcher.stop();
+    batch.stop();
+    if (!target.isEmpty() && !batch.error().isEmpty())
+        return Fail(batch.error(), options);
+    if (!target.isEmpty())
+        fprintf(stderr, "iccp-host: exported %s\n", qPrintable(batch.written().join(", ")));
 
     timer.mark(RunTimer::SaveStart);
     if (saves && !SaveProject(project, options.project, &error))

@@ -6,7 +6,7 @@ MUTANTS ?= 200
 SEED ?= 1
 CMAKE_FLAGS ?=
 
-.PHONY: all deps build asan-build fuzz-build test test-plain test-asan demo bench scale screenshots fuzz fuzz-short mutants valgrind format clean
+.PHONY: all deps build asan-build fuzz-build test test-plain test-asan demo bench scale screenshots fuzz fuzz-short mutants valgrind format clean package package-check try-package
 
 all: build
 
@@ -30,7 +30,19 @@ test-asan: asan-build
 	  UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
 	  ctest --output-on-failure -j $(JOBS)
 
-test: test-plain test-asan fuzz-short
+test: test-plain test-asan fuzz-short package-check
+
+# The Debian package of iccp-host and the plug-in, in build/.
+package: build
+	cmake --build build --target package
+
+package-check: package
+	scripts/check-package build
+
+# Installs the package into a fresh Debian 12 root (needs root and
+# debootstrap); outside `make test`.
+try-package: package
+	scripts/try-package build
 
 demo: build
 	scripts/demo

@@ -300,6 +300,32 @@ QVariant PlainToVariant(const QJsonValue& v) {
     return QVariant();
 }
 
+// Why the value of `p` is refused by its range or its enumeration.
+QString OutsideDeclared(const HostParam& p) {
+    const QString value = p.value.toString();
+    double low = 0, high = 0;
+    if (p.range(low, high) && (p.value.toDouble() < low || p.value.toDouble() > high))
+        return QString("the value %1 is outside the parameter's range %2 to %3")
+            .arg(value)
+            .arg(low)
+            .arg(high);
+    QStringList keys;
+    for (const QByteArray& item : p.enumText.split(';'))
+        keys << QString::fromUtf8(item.left(item.indexOf('=')).trimmed());
+    return QString("the value %1 is not among the parameter's choices %2")
+        .arg(value, keys.size() > 4 ? keys.first() + " to " + keys.last() : keys.join(", "));
+}
+
+// "line 3, column 14" of a byte offset into the text, the column counted
+// in characters from 1.
+QString TextPlace(const QByteArray& text, int offset) {
+    offset = qBound(0, offset, text.size());
+    const int lineStart = text.lastIndexOf('\n', offset - 1) + 1;
+    return QString("line %1, column %2")
+        .arg(text.left(offset).count('\n') + 1)
+        .arg(QString::fromUtf8(text.mid(lineStart, offset - lineStart)).size() + 1);
+}
+
 class Reader {
 public:
     explicit Reader(HostProject& project) : m_project(project) {}
@@ -322,18 +348,27 @@ private:
         const int kind = KindFromName(o["kind"].toVariant().toString().toUtf8());
         if (kind < 0)
             return fail(where(), "unknown kind");
-        const QJsonObject params = o["params"].toObject();
-        const int number = params["number"].toInt();
+        const QJsonValue module = o["module"];
+        if (!module.isUndefined() && !module.isString())
+            return fail(where() + ".module", "not a text");
+        const QJsonValue params = o["params"];
+        if (!params.isUndefined() && !params.isObject())
+            return fail(where() + ".params", "not an object");
+        const QJsonValue children = o["children"];
+        if (!children.isUndefined() && !children.isArray())
+            return fail(where() + ".children", "not a list");
+        const QJsonObject values = params.toObject();
+        const int number = values["number"].toInt();
         HostObject* ob =
-            m_project.create(parent, kind, number, o["module"].toString("cfghost").toUtf8());
+            m_project.create(parent, kind, number, module.toString("cfghost").toUtf8());
         if (!ob)
             return fail(where(), QString("a %1 can't stand here").arg(QString(KindName(kind))));
-        for (auto it = params.begin(); it != params.end(); ++it)
+        for (auto it = values.begin(); it != values.end(); ++it)
             if (!readParam(ob, it.key(), it.value()))
                 return false;
-        const QJsonArray children = o["children"].toArray();
-        for (int i = 0; i < children.size(); ++i)
-            if (!readObject(ob, children[i], i))
+        const QJsonArray list = children.toArray();
+        for (int i = 0; i < list.size(); ++i)
+            if (!readObject(ob, list[i], i))
                 return false;
         return true;
     }
@@ -370,8 +405,21 @@ private:
                 ob->addParam(p);
             }
         }
-        if (!ob->set(key, value))
-            return fail(at(), "the value doesn't fit the parameter's type");
+        const bool isBool = value.userType() == QMetaType::Bool;
+        const bool isNumber =
+            value.userType() == QMetaType::LongLong || value.userType() == QMetaType::Double;
+        // An object given no number keeps the free one it was made with.
+        if (key == "number" && isNumber && value.toDouble() <= 0)
+            return true;
+        HostParam* p = ob->param(key);
+        // true and false are for flags only, and a flag takes no number but
+        // 0 and 1.
+        if ((isBool && p->type != cptBool) ||
+            (isNumber && p->type == cptBool && value.toDouble() != 0 && value.toDouble() != 1) ||
+            !ob->set(key, value))
+            return fail(at(), "the value doesn't fit the parameter's type, " + TypeName(p->type));
+        if (!p->fitsDeclared(p->value))
+            return fail(at(), OutsideDeclared(*p));
         return true;
     }
 
@@ -408,15 +456,22 @@ bool ProjectFromJson(HostProject& project, const QByteArray& json, QString* erro
     Reader reader(project);
     bool ok = false;
     if (doc.isNull()) {
-        reader.error =
-            QString("offset %1: %2").arg(parseError.offset).arg(parseError.errorString());
+        reader.error = QString("%1 (offset %2): %3")
+                           .arg(TextPlace(json, parseError.offset))
+                           .arg(parseError.offset)
+                           .arg(parseError.errorString());
+    } else if (!doc.isObject()) {
+        reader.error = "the text is not a JSON object";
     } else if (doc.object()["format"].toString() != formatName) {
         reader.error = QString("not a %1 file").arg(formatName);
     } else if (doc.object()["version"].toInt() != formatVersion) {
         reader.error = QString("version %1 is not known").arg(doc.object()["version"].toInt());
     } else {
-        const QJsonArray objects = doc.object()["objects"].toArray();
-        ok = true;
+        const QJsonValue list = doc.object()["objects"];
+        const QJsonArray objects = list.toArray();
+        ok = list.isArray();
+        if (!ok)
+            reader.error = "objects: not a list";
         for (int i = 0; ok && i < objects.size(); ++i)
             ok = reader.readObject(nullptr, objects[i], i);
     }

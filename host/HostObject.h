@@ -25,6 +25,8 @@ struct HostParam {
     // too: the plug-in stores indexes of its own lists there.
     bool enumOpen = false;
     QByteArray rangeText; // "low=high", empty for none
+    // Named by the project file it was read from, and so written back.
+    bool fromFile = false;
 
     // Number of items of the enumeration.
     int enumSize() const;

@@ -50,10 +50,26 @@ QByteArray Utf8Text(const QByteArray& bytes, bool* valid = nullptr) {
     return QString::fromUtf8(bytes).toUtf8();
 }
 
-// Writes the project in the layout of QJsonDocument::Indented (four spaces a
-// level, the keys of an object sorted, texts in UTF-8), straight into one
-// buffer: a large project holds tens of thousands of tags, and a QJsonObject
-// per object costs many times the text.
+// Whether the value of `p` equals `other` taken as the same type.
+bool SameValue(const HostParam& p, const QVariant& other) {
+    switch (p.type) {
+    case cptBool:
+        return p.value.toBool() == other.toBool();
+    case cptInt:
+        return p.value.toInt() == other.toInt();
+    case cptDouble:
+        return p.value.toDouble() == other.toDouble();
+    default:
+        return p.value.toByteArray() == other.toByteArray();
+    }
+}
+
+// Writes the project indented by four spaces a level, texts in UTF-8, each
+// object as its kind, module, parameters and children. A parameter is
+// written when the file named it or its value is not its kind's default, so
+// that a hand-written file comes back about as short as it was. The text goes
+// straight into one buffer: a large project holds tens of thousands of tags,
+// and a QJsonObject per object costs many times the text.
 class Writer {
 public:
     // Without a sink the whole text stays in `out`; with one, `out` is passed
@@ -72,11 +88,11 @@ public:
         key(1, "format");
         string(formatName);
         out += ",\n";
-        key(1, "objects");
-        objects(project.roots(), 1);
-        out += ",\n";
         key(1, "version");
         out += QByteArray::number(formatVersion);
+        out += ",\n";
+        key(1, "objects");
+        objects(project.roots(), 1);
         out += "\n}\n";
         pass();
     }
@@ -167,67 +183,61 @@ private:
         out += ']';
     }
 
-    // Keys in their sorted order: children, kind, module, params.
     void object(const HostObject* ob, int level) {
         out += "{\n";
-        if (!ob->children().isEmpty()) {
-            key(level + 1, "children");
-            objects(ob->children(), level + 1);
-            out += ",\n";
-        }
         key(level + 1, "kind");
         string(KindName(ob->kind()));
         out += ",\n";
         key(level + 1, "module");
         string(Utf8Text(ob->moduleKey()));
-        out += ",\n";
-        key(level + 1, "params");
         params(ob, level + 1);
+        if (!ob->children().isEmpty()) {
+            out += ",\n";
+            key(level + 1, "children");
+            objects(ob->children(), level + 1);
+        }
         out += '\n';
         indent(level);
         out += '}';
     }
 
+    // The parameters worth writing, in the object's order, after a ",\n"
+    // when there are any; of two whose names read the same, the later one
+    // stands, as it would when read back.
     void params(const HostObject* ob, int level) {
         const QList<HostParam>& own = ob->params();
-        if (own.isEmpty()) {
-            out += "{\n";
+        const QList<HostParam> defaults = DefaultParams(ob->kind());
+        QVector<QString> names;
+        names.reserve(own.size());
+        for (const HostParam& p : own)
+            names.append(QString::fromUtf8(p.name));
+        bool first = true;
+        for (int i = 0; i < own.size(); ++i) {
+            const HostParam& p = own[i];
+            if (std::find(names.begin() + i + 1, names.end(), names[i]) != names.end())
+                continue;
+            // An object's own parameters start with its kind's, in their order.
+            const HostParam* byDefault =
+                i < defaults.size() && defaults[i].name == p.name ? &defaults[i] : nullptr;
+            for (int d = 0; !byDefault && d < defaults.size(); ++d)
+                if (defaults[d].name == p.name)
+                    byDefault = &defaults[d];
+            if (byDefault && !p.fromFile && SameValue(p, byDefault->value))
+                continue;
+            out += ",\n";
+            if (first) {
+                key(level, "params");
+                out += "{\n";
+                first = false;
+            }
+            key(level + 1, names[i].toUtf8());
+            param(p, byDefault, level + 1);
+        }
+        if (!first) {
+            out += '\n';
             indent(level);
             out += '}';
-            return;
         }
-        // Sorted by name as QJsonObject sorts its keys; of two parameters
-        // whose names read the same, the later one stands.
-        QVector<QPair<QString, int>> order;
-        order.reserve(own.size());
-        for (int i = 0; i < own.size(); ++i)
-            order.append({QString::fromUtf8(own[i].name), i});
-        std::stable_sort(order.begin(), order.end(),
-                         [](const QPair<QString, int>& a, const QPair<QString, int>& b) {
-                             return a.first < b.first;
-                         });
-        const QList<HostParam> defaults = DefaultParams(ob->kind());
-        out += "{\n";
-        bool first = true;
-        for (int k = 0; k < order.size(); ++k) {
-            if (k + 1 < order.size() && order[k + 1].first == order[k].first)
-                continue;
-            const int i = order[k].second;
-            const HostParam& p = own[i];
-            // An object's own parameters start with its kind's, in their order.
-            const bool ofTheKind =
-                (i < defaults.size() && defaults[i].name == p.name) ||
-                std::any_of(defaults.begin(), defaults.end(),
-                            [&](const HostParam& d) { return d.name == p.name; });
-            if (!first)
-                out += ",\n";
-            first = false;
-            key(level + 1, order[k].first.toUtf8());
-            param(p, ofTheKind, level + 1);
-        }
-        out += '\n';
-        indent(level);
-        out += '}';
     }
 
     // A parameter of the kind's set with a value JSON holds as it is,
@@ -420,6 +430,7 @@ private:
             return fail(at(), "the value doesn't fit the parameter's type, " + TypeName(p->type));
         if (!p->fitsDeclared(p->value))
             return fail(at(), OutsideDeclared(*p));
+        p->fromFile = true;
         return true;
     }
 

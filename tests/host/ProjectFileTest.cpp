@@ -34,6 +34,12 @@ TEST(ProjectFile, HandWrittenFileAndRefusals) {
     EXPECT_EQ(tag->get("domain").toInt(), 2);
     EXPECT_FALSE(tag->get("using").toBool());
     EXPECT_EQ(tag->param("rate")->type, cptDouble);
+    // Written back with what the file named and what differs from the
+    // defaults, each object's kind first.
+    const QByteArray back = ProjectToJson(project).simplified();
+    EXPECT_TRUE(back.contains(R"("kind": "pass", "module": "cfghost", "params": { "number": 1, )"
+                              R"("using": false, "domain": 2, "note": {)"));
+    EXPECT_FALSE(back.contains("maxDS") || back.contains("ied_port"));
 
     const std::pair<QByteArray, QString> bad[] = {
         {"{\n  \"a\": [", "line 2, column 9 (offset 10)"},

@@ -11,7 +11,11 @@
 #include "host/ProjectFile.h"
 
 #include <QApplication>
+#include <QDir>
+#include <cerrno>
 #include <cstdio>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -57,6 +61,13 @@ int main(int argc, char** argv) {
     // pictured on a virtual display.
     if (options.headless && noPlatform)
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Qt makes this folder itself when it is missing, but warns on every run.
+    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
+        const QByteArray runtime =
+            QDir::tempPath().toLocal8Bit() + "/runtime-" + QByteArray::number(uint(getuid()));
+        if (mkdir(runtime.constData(), 0700) == 0 || errno == EEXIST)
+            qputenv("XDG_RUNTIME_DIR", runtime);
+    }
     // Every argument was the program's own: Qt sees none of them, or it would
     // take --plugin for its own -plugin.
     int qtArgc = 1;

@@ -9,12 +9,15 @@ const char* const hostUsage =
     "usage: iccp-host [PROJECT.json] [--unit N] [--headless] [--print-datarun]\n"
     "                 [--screenshot FILE.png] [--plugin PATH] [--timing]\n"
     "                 [--expand VIEW] [--click VIEW:TEXT] [--screenshot-of NAME]\n"
-    "                 [--check] [--export DIR [--save]]\n"
+    "                 [--check] [--list] [--no-save] [--export DIR [--save]]\n"
     "\n"
     "Opens the ICCP server configuration form for one unit of a host project.\n"
     "  PROJECT.json          project of the stand-in host, saved back after the form\n"
     "                        closes; without it the built-in demo project is used\n"
-    "  --unit N              the N-th unit (from 0) of the first line's direction\n"
+    "  --unit N              the N-th unit (from 0) of the project, counted over all\n"
+    "                        directions in the file's order\n"
+    "  --list                print the units with their numbers for --unit and stop\n"
+    "  --no-save             leave the project file as it is\n"
     "  --headless            offscreen (unless QT_QPA_PLATFORM says otherwise); the\n"
     "                        form is closed as soon as it is shown\n"
     "  --print-datarun       print the unit's $DATARUN after the form has closed\n"
@@ -109,6 +112,10 @@ bool ParseOptions(const QStringList& args, HostOptions& options, QString& error)
             options.timing = true;
         } else if (arg == "--check") {
             options.check = true;
+        } else if (arg == "--list") {
+            options.list = true;
+        } else if (arg == "--no-save") {
+            options.noSave = true;
         } else if (arg == "--print-datarun") {
             options.printDatarun = true;
         } else if (arg == "-h" || arg == "--help") {

@@ -8,8 +8,10 @@
 #include <QStringList>
 
 struct HostOptions {
-    QString project; // empty: the built-in demo project
-    int unit = 0;    // position among the units of the first line's direction
+    QString project;   // empty: the built-in demo project
+    int unit = 0;      // position among all units of the project
+    bool list = false; // print the units and stop
+    bool noSave = false;
     bool headless = false;
     bool printDatarun = false;
     bool timing = false;

@@ -7,11 +7,16 @@
 #include "app/PluginLoader.h"
 #include "app/RunTimer.h"
 #include "app/TagCheck.h"
+#include "app/Units.h"
 #include "host/DemoProject.h"
 #include "host/ProjectFile.h"
 
 #include <QApplication>
+#include <QDir>
+#include <cerrno>
 #include <cstdio>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -46,12 +51,29 @@ int main(int argc, char** argv) {
         fputs(hostUsage, stdout);
         return 0;
     }
-    options.headless = options.headless || options.check || !options.exportDir.isEmpty();
+    options.headless =
+        options.headless || options.check || options.list || !options.exportDir.isEmpty();
+    const bool noPlatform = qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+    if (!options.headless && noPlatform && qEnvironmentVariableIsEmpty("DISPLAY") &&
+        qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) {
+        fprintf(stderr, "iccp-host: no display, so the form runs headless\n");
+        options.headless = true;
+    }
     // A platform named by the caller stands, so that a headless run can be
     // pictured on a virtual display.
-    if (options.headless && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    if (options.headless && noPlatform)
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
+    // Qt makes this folder itself when it is missing, but warns on every run.
+    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
+        const QByteArray runtime =
+            QDir::tempPath().toLocal8Bit() + "/runtime-" + QByteArray::number(uint(getuid()));
+        if (mkdir(runtime.constData(), 0700) == 0 || errno == EEXIST)
+            qputenv("XDG_RUNTIME_DIR", runtime);
+    }
+    // Every argument was the program's own: Qt sees none of them, or it would
+    // take --plugin for its own -plugin.
+    int qtArgc = 1;
+    QApplication app(qtArgc, argv);
 
     RunTimer timer;
     HostProject project;
@@ -61,25 +83,22 @@ int main(int argc, char** argv) {
     else if (!LoadProject(project, options.project, &error))
         return Fail(error, options);
     timer.mark(RunTimer::LoadEnd);
+    if (options.list) {
+        ListUnits(project);
+        return 0;
+    }
     // A check, and an export without --save, leave the project file as it
     // was; any other run on a file writes it back, and finds out that it
     // can't before the engineer edits anything.
-    const bool saves = !options.check && !options.project.isEmpty() &&
+    const bool saves = !options.check && !options.noSave && !options.project.isEmpty() &&
                        (options.exportDir.isEmpty() || options.save);
     if (saves && !CanSaveProject(options.project, &error))
         return Fail(error + "; the project could not be saved, so the form was not opened",
                     options);
 
-    HostObject* line = project.findFirst(cotLine);
-    if (!line)
-        return Fail("the project has no line", options);
-    const QList<HostObject*> units = line->owner()->children(cotUnit);
-    if (options.unit >= units.size())
-        return Fail(QString("the direction of the first line has %1 unit(s); there is no unit %2")
-                        .arg(units.size())
-                        .arg(options.unit),
-                    options);
-    HostObject* unit = units[options.unit];
+    HostObject *unit = nullptr, *line = nullptr;
+    if (!PickUnit(project, options.unit, unit, line, error))
+        return Fail(error, options);
     const QString target =
         options.exportDir.isEmpty() ? QString() : ExportTarget(unit, options.exportDir, &error);
     if (!options.exportDir.isEmpty() && target.isEmpty())

@@ -53,7 +53,7 @@ const char* const tagTypes[] = {"Data_DiscreteQTimeTag",
                                 "Data_State_SupplementalQTimeTagExtended",
                                 "TASE2Version"};
 
-enum Flags { ReadOnly = 1, Hidden = 2, FixedList = 4 };
+enum Flags { ReadOnly = 1, Hidden = 2, FixedList = 4, OpenList = 8 };
 
 HostParam Param(const char* name, TCfgPropType type, const char* caption, const QVariant& value,
                 int flags = 0, const QByteArray& enumText = QByteArray(),
@@ -66,6 +66,7 @@ HostParam Param(const char* name, TCfgPropType type, const char* caption, const 
     p.editable = !(flags & ReadOnly);
     p.visible = !(flags & Hidden);
     p.fixedList = flags & FixedList;
+    p.enumOpen = flags & OpenList;
     p.enumText = enumText;
     p.rangeText = range;
     return p;
@@ -97,9 +98,12 @@ QList<HostParam> TagParams() {
         Param("using", cptBool, "Использование", true),
         Param("tag_id", cptText, "Ключ привязки", QByteArray()),
         Param("tag_name", cptText, "Имя переменной", QByteArray()),
-        Param("tag_type", cptInt, "Тип переменной", 0, FixedList, types),
-        Param("domain", cptInt, "Область (ICC)", 0, FixedList, domains),
-        Param("isinDataSet", cptInt, "Набор данных", 0, FixedList, dataSets),
+        // Indexes into the unit's type list and its ICCs and data sets, which
+        // the template and the unit's limits may make longer or shorter than
+        // the names here; the form reads a number past them as its fallback.
+        Param("tag_type", cptInt, "Тип переменной", 0, FixedList | OpenList, types),
+        Param("domain", cptInt, "Область (ICC)", 0, FixedList | OpenList, domains),
+        Param("isinDataSet", cptInt, "Набор данных", 0, FixedList | OpenList, dataSets),
         Param("presentSBO", cptInt, "Выбор перед управлением (SBO)", 0, 0, QByteArray(), "0=1"),
         Param("procType", cptInt, "Тип обработки", 0, FixedList, "0=Нет;1=Аналоговая;2=Дискретная"),
         Param("procMul", cptDouble, "Множитель", 1.0),
@@ -129,9 +133,9 @@ QList<HostParam> UnitParams() {
         Param("$CHECKED", cptBool, "Использование", true),
         Param("template", cptText, "Файл шаблона", QByteArray()),
         Param("maxICC", cptInt, "Число ICC", 1, 0, QByteArray(),
-              QByteArray("1=" + QByteArray::number(hostMaxICC))),
+              QByteArray("0=" + QByteArray::number(hostMaxICC))),
         Param("maxDS", cptInt, "Число наборов данных в ICC", 1, 0, QByteArray(),
-              QByteArray("1=" + QByteArray::number(hostMaxDS))),
+              QByteArray("0=" + QByteArray::number(hostMaxDS))),
         Param("ied_name", cptText, "Имя VCC", QByteArray("VCC")),
         Param("ied_addr", cptText, "IP-адрес сервера", QByteArray()),
         Param("ied_port", cptInt, "TCP-порт сервера", 102, 0, QByteArray(), "1=65535"),

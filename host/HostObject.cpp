@@ -26,6 +26,34 @@ int HostParam::enumSize() const {
     return count;
 }
 
+bool HostParam::range(double& low, double& high) const {
+    const int eq = rangeText.indexOf('=');
+    if (eq < 0)
+        return false;
+    bool okLow = false, okHigh = false;
+    low = rangeText.left(eq).trimmed().toDouble(&okLow);
+    high = rangeText.mid(eq + 1).trimmed().toDouble(&okHigh);
+    return okLow && okHigh;
+}
+
+bool HostParam::fitsDeclared(const QVariant& v) const {
+    if (type != cptInt && type != cptDouble)
+        return true;
+    const double d = v.toDouble();
+    double low = 0, high = 0;
+    if (range(low, high) && (d < low || d > high))
+        return false;
+    if (enumText.isEmpty() || enumOpen)
+        return true;
+    for (const QByteArray& item : enumText.split(';')) {
+        bool ok = false;
+        const double key = item.left(item.indexOf('=')).trimmed().toDouble(&ok);
+        if (ok && key == d)
+            return true;
+    }
+    return false;
+}
+
 bool ConvertToParamType(TCfgPropType type, const QVariant& in, QVariant& out) {
     const int from = in.userType();
     const bool isText = from == QMetaType::QByteArray || from == QMetaType::QString;

@@ -20,11 +20,21 @@ struct HostParam {
     bool editable = true;
     bool visible = true;
     bool fixedList = false;
-    QByteArray enumText;  // "key=value;key=value", empty for none
+    QByteArray enumText; // "key=value;key=value", empty for none
+    // The enumeration names the values the host knows, and others are kept
+    // too: the plug-in stores indexes of its own lists there.
+    bool enumOpen = false;
     QByteArray rangeText; // "low=high", empty for none
+    // Named by the project file it was read from, and so written back.
+    bool fromFile = false;
 
     // Number of items of the enumeration.
     int enumSize() const;
+    // The bounds of `rangeText`; false when it names no two numbers.
+    bool range(double& low, double& high) const;
+    // Whether `v` lies within the range and, for a closed enumeration, is
+    // one of its keys. Values of other types always fit.
+    bool fitsDeclared(const QVariant& v) const;
 };
 
 // Converts `in` to a value of `type`: numbers between each other when no

@@ -32,17 +32,6 @@ template <typename Pred> int HighestNumber(const HostObject* ob, Pred counts) {
     }
     return highest;
 }
-
-// Reads "low=high"; false without both numbers.
-bool ParseRange(const QByteArray& text, double& low, double& high) {
-    const int eq = text.indexOf('=');
-    if (eq < 0)
-        return false;
-    bool okLow = false, okHigh = false;
-    low = text.left(eq).trimmed().toDouble(&okLow);
-    high = text.mid(eq + 1).trimmed().toDouble(&okHigh);
-    return okLow && okHigh;
-}
 } // namespace
 
 HostProject::~HostProject() {
@@ -142,7 +131,7 @@ bool HostProject::inError(const HostObject* ob) {
         if ((p.type != cptInt && p.type != cptDouble) || p.rangeText.isEmpty())
             continue;
         double low = 0, high = 0;
-        if (!ParseRange(p.rangeText, low, high))
+        if (!p.range(low, high))
             continue;
         const double v = p.value.toDouble();
         if (v < low || v > high)

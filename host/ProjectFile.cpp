@@ -50,10 +50,26 @@ QByteArray Utf8Text(const QByteArray& bytes, bool* valid = nullptr) {
     return QString::fromUtf8(bytes).toUtf8();
 }
 
-// Writes the project in the layout of QJsonDocument::Indented (four spaces a
-// level, the keys of an object sorted, texts in UTF-8), straight into one
-// buffer: a large project holds tens of thousands of tags, and a QJsonObject
-// per object costs many times the text.
+// Whether the value of `p` equals `other` taken as the same type.
+bool SameValue(const HostParam& p, const QVariant& other) {
+    switch (p.type) {
+    case cptBool:
+        return p.value.toBool() == other.toBool();
+    case cptInt:
+        return p.value.toInt() == other.toInt();
+    case cptDouble:
+        return p.value.toDouble() == other.toDouble();
+    default:
+        return p.value.toByteArray() == other.toByteArray();
+    }
+}
+
+// Writes the project indented by four spaces a level, texts in UTF-8, each
+// object as its kind, module, parameters and children. A parameter is
+// written when the file named it or its value is not its kind's default, so
+// that a hand-written file comes back about as short as it was. The text goes
+// straight into one buffer: a large project holds tens of thousands of tags,
+// and a QJsonObject per object costs many times the text.
 class Writer {
 public:
     // Without a sink the whole text stays in `out`; with one, `out` is passed
@@ -72,11 +88,11 @@ public:
         key(1, "format");
         string(formatName);
         out += ",\n";
-        key(1, "objects");
-        objects(project.roots(), 1);
-        out += ",\n";
         key(1, "version");
         out += QByteArray::number(formatVersion);
+        out += ",\n";
+        key(1, "objects");
+        objects(project.roots(), 1);
         out += "\n}\n";
         pass();
     }
@@ -167,67 +183,61 @@ private:
         out += ']';
     }
 
-    // Keys in their sorted order: children, kind, module, params.
     void object(const HostObject* ob, int level) {
         out += "{\n";
-        if (!ob->children().isEmpty()) {
-            key(level + 1, "children");
-            objects(ob->children(), level + 1);
-            out += ",\n";
-        }
         key(level + 1, "kind");
         string(KindName(ob->kind()));
         out += ",\n";
         key(level + 1, "module");
         string(Utf8Text(ob->moduleKey()));
-        out += ",\n";
-        key(level + 1, "params");
         params(ob, level + 1);
+        if (!ob->children().isEmpty()) {
+            out += ",\n";
+            key(level + 1, "children");
+            objects(ob->children(), level + 1);
+        }
         out += '\n';
         indent(level);
         out += '}';
     }
 
+    // The parameters worth writing, in the object's order, after a ",\n"
+    // when there are any; of two whose names read the same, the later one
+    // stands, as it would when read back.
     void params(const HostObject* ob, int level) {
         const QList<HostParam>& own = ob->params();
-        if (own.isEmpty()) {
-            out += "{\n";
+        const QList<HostParam> defaults = DefaultParams(ob->kind());
+        QVector<QString> names;
+        names.reserve(own.size());
+        for (const HostParam& p : own)
+            names.append(QString::fromUtf8(p.name));
+        bool first = true;
+        for (int i = 0; i < own.size(); ++i) {
+            const HostParam& p = own[i];
+            if (std::find(names.begin() + i + 1, names.end(), names[i]) != names.end())
+                continue;
+            // An object's own parameters start with its kind's, in their order.
+            const HostParam* byDefault =
+                i < defaults.size() && defaults[i].name == p.name ? &defaults[i] : nullptr;
+            for (int d = 0; !byDefault && d < defaults.size(); ++d)
+                if (defaults[d].name == p.name)
+                    byDefault = &defaults[d];
+            if (byDefault && !p.fromFile && SameValue(p, byDefault->value))
+                continue;
+            out += ",\n";
+            if (first) {
+                key(level, "params");
+                out += "{\n";
+                first = false;
+            }
+            key(level + 1, names[i].toUtf8());
+            param(p, byDefault, level + 1);
+        }
+        if (!first) {
+            out += '\n';
             indent(level);
             out += '}';
-            return;
         }
-        // Sorted by name as QJsonObject sorts its keys; of two parameters
-        // whose names read the same, the later one stands.
-        QVector<QPair<QString, int>> order;
-        order.reserve(own.size());
-        for (int i = 0; i < own.size(); ++i)
-            order.append({QString::fromUtf8(own[i].name), i});
-        std::stable_sort(order.begin(), order.end(),
-                         [](const QPair<QString, int>& a, const QPair<QString, int>& b) {
-                             return a.first < b.first;
-                         });
-        const QList<HostParam> defaults = DefaultParams(ob->kind());
-        out += "{\n";
-        bool first = true;
-        for (int k = 0; k < order.size(); ++k) {
-            if (k + 1 < order.size() && order[k + 1].first == order[k].first)
-                continue;
-            const int i = order[k].second;
-            const HostParam& p = own[i];
-            // An object's own parameters start with its kind's, in their order.
-            const bool ofTheKind =
-                (i < defaults.size() && defaults[i].name == p.name) ||
-                std::any_of(defaults.begin(), defaults.end(),
-                            [&](const HostParam& d) { return d.name == p.name; });
-            if (!first)
-                out += ",\n";
-            first = false;
-            key(level + 1, order[k].first.toUtf8());
-            param(p, ofTheKind, level + 1);
-        }
-        out += '\n';
-        indent(level);
-        out += '}';
     }
 
     // A parameter of the kind's set with a value JSON holds as it is,
@@ -300,6 +310,32 @@ QVariant PlainToVariant(const QJsonValue& v) {
     return QVariant();
 }
 
+// Why the value of `p` is refused by its range or its enumeration.
+QString OutsideDeclared(const HostParam& p) {
+    const QString value = p.value.toString();
+    double low = 0, high = 0;
+    if (p.range(low, high) && (p.value.toDouble() < low || p.value.toDouble() > high))
+        return QString("the value %1 is outside the parameter's range %2 to %3")
+            .arg(value)
+            .arg(low)
+            .arg(high);
+    QStringList keys;
+    for (const QByteArray& item : p.enumText.split(';'))
+        keys << QString::fromUtf8(item.left(item.indexOf('=')).trimmed());
+    return QString("the value %1 is not among the parameter's choices %2")
+        .arg(value, keys.size() > 4 ? keys.first() + " to " + keys.last() : keys.join(", "));
+}
+
+// "line 3, column 14" of a byte offset into the text, the column counted
+// in characters from 1.
+QString TextPlace(const QByteArray& text, int offset) {
+    offset = qBound(0, offset, text.size());
+    const int lineStart = text.lastIndexOf('\n', offset - 1) + 1;
+    return QString("line %1, column %2")
+        .arg(text.left(offset).count('\n') + 1)
+        .arg(QString::fromUtf8(text.mid(lineStart, offset - lineStart)).size() + 1);
+}
+
 class Reader {
 public:
     explicit Reader(HostProject& project) : m_project(project) {}
@@ -322,18 +358,27 @@ private:
         const int kind = KindFromName(o["kind"].toVariant().toString().toUtf8());
         if (kind < 0)
             return fail(where(), "unknown kind");
-        const QJsonObject params = o["params"].toObject();
-        const int number = params["number"].toInt();
+        const QJsonValue module = o["module"];
+        if (!module.isUndefined() && !module.isString())
+            return fail(where() + ".module", "not a text");
+        const QJsonValue params = o["params"];
+        if (!params.isUndefined() && !params.isObject())
+            return fail(where() + ".params", "not an object");
+        const QJsonValue children = o["children"];
+        if (!children.isUndefined() && !children.isArray())
+            return fail(where() + ".children", "not a list");
+        const QJsonObject values = params.toObject();
+        const int number = values["number"].toInt();
         HostObject* ob =
-            m_project.create(parent, kind, number, o["module"].toString("cfghost").toUtf8());
+            m_project.create(parent, kind, number, module.toString("cfghost").toUtf8());
         if (!ob)
             return fail(where(), QString("a %1 can't stand here").arg(QString(KindName(kind))));
-        for (auto it = params.begin(); it != params.end(); ++it)
+        for (auto it = values.begin(); it != values.end(); ++it)
             if (!readParam(ob, it.key(), it.value()))
                 return false;
-        const QJsonArray children = o["children"].toArray();
-        for (int i = 0; i < children.size(); ++i)
-            if (!readObject(ob, children[i], i))
+        const QJsonArray list = children.toArray();
+        for (int i = 0; i < list.size(); ++i)
+            if (!readObject(ob, list[i], i))
                 return false;
         return true;
     }
@@ -370,8 +415,22 @@ private:
                 ob->addParam(p);
             }
         }
-        if (!ob->set(key, value))
-            return fail(at(), "the value doesn't fit the parameter's type");
+        const bool isBool = value.userType() == QMetaType::Bool;
+        const bool isNumber =
+            value.userType() == QMetaType::LongLong || value.userType() == QMetaType::Double;
+        // An object given no number keeps the free one it was made with.
+        if (key == "number" && isNumber && value.toDouble() <= 0)
+            return true;
+        HostParam* p = ob->param(key);
+        // true and false are for flags only, and a flag takes no number but
+        // 0 and 1.
+        if ((isBool && p->type != cptBool) ||
+            (isNumber && p->type == cptBool && value.toDouble() != 0 && value.toDouble() != 1) ||
+            !ob->set(key, value))
+            return fail(at(), "the value doesn't fit the parameter's type, " + TypeName(p->type));
+        if (!p->fitsDeclared(p->value))
+            return fail(at(), OutsideDeclared(*p));
+        p->fromFile = true;
         return true;
     }
 
@@ -408,15 +467,22 @@ bool ProjectFromJson(HostProject& project, const QByteArray& json, QString* erro
     Reader reader(project);
     bool ok = false;
     if (doc.isNull()) {
-        reader.error =
-            QString("offset %1: %2").arg(parseError.offset).arg(parseError.errorString());
+        reader.error = QString("%1 (offset %2): %3")
+                           .arg(TextPlace(json, parseError.offset))
+                           .arg(parseError.offset)
+                           .arg(parseError.errorString());
+    } else if (!doc.isObject()) {
+        reader.error = "the text is not a JSON object";
     } else if (doc.object()["format"].toString() != formatName) {
         reader.error = QString("not a %1 file").arg(formatName);
     } else if (doc.object()["version"].toInt() != formatVersion) {
         reader.error = QString("version %1 is not known").arg(doc.object()["version"].toInt());
     } else {
-        const QJsonArray objects = doc.object()["objects"].toArray();
-        ok = true;
+        const QJsonValue list = doc.object()["objects"];
+        const QJsonArray objects = list.toArray();
+        ok = list.isArray();
+        if (!ok)
+            reader.error = "objects: not a list";
         for (int i = 0; ok && i < objects.size(); ++i)
             ok = reader.readObject(nullptr, objects[i], i);
     }

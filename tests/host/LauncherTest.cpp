@@ -51,7 +51,7 @@ TEST(Launcher, OptionsAndRefusals) {
     const QString unsavable = dir.filePath(QString(250, 'u') + ".json");
     ASSERT_TRUE(SaveProject(p.host, unsavable));
     WriteFile(at("text.png"), "not a picture");
-    const ino_t checked = Inode(at("check.json"));
+    const ino_t checked = Inode(at("check.json")), small = Inode(at("small.json"));
     const QString timing = "iccp-host: timing load \\d+\\.\\d{3} s, open \\d+\\.\\d{3} s, close "
                            "\\d+\\.\\d{3} s, save \\d+\\.\\d{3} s, teardown \\d+\\.\\d{3} s, total "
                            "\\d+\\.\\d{3} s, peak RSS [1-9]\\d* KiB\\n";
@@ -69,9 +69,20 @@ TEST(Launcher, OptionsAndRefusals) {
         {{"a.json", "b.json"}, 2, usage, ""},
         {{"--click", "tVTags:"}, 2, usage, ""},
         {{at("missing.json"), "--headless"}, 1, QRegularExpression::escape(at("missing.json")), ""},
-        {{at("noline.json"), "--headless"}, 1, "the project has no line", ""},
+        {{at("noline.json"), "--headless"},
+         1,
+         "the project has 0 unit\\(s\\); there is no unit 0",
+         ""},
+        {{at("small.json"), "--list"},
+         0,
+         "",
+         "^0\\tdirection 1, unit 1\\t[^\\n]*\\n1\\t[^\\n]*\\n\\z"},
+        {{at("small.json"), "--headless", "--no-save"}, 0, "", ""},
         {{at("small.json"), "--headless", "--unit", "2"}, 1, "there is no unit 2", ""},
-        {{at("small.json"), "--headless", "--plugin", at("none.so")}, 1, "none\\.so", ""},
+        {{at("small.json"), "--headless", "--plugin", at("none.so")},
+         1,
+         "^(?![\\s\\S]*No such plugin)[\\s\\S]*none\\.so",
+         ""},
         {{"--headless", "--click", "tVTags:No such tag"},
          1,
          "tVTags: no row begins with \"No such tag\"",
@@ -97,6 +108,7 @@ TEST(Launcher, OptionsAndRefusals) {
         EXPECT_TRUE(run.out.contains(QRegularExpression(r.out))) << qPrintable(run.out);
     }
     EXPECT_EQ(Inode(at("check.json")), checked); // a check leaves the file
+    EXPECT_EQ(Inode(at("small.json")), small);
 
     // A headless run saves the project anew and prints the blob it wrote.
     const ino_t before = Inode(at("small.json"));

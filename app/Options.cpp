@@ -134,8 +134,9 @@ bool ParseOptions(const QStringList& args, HostOptions& options, QString& error)
         error = "--save goes with --export; other runs save anyway";
         return false;
     }
-    if (options.check && !options.exportDir.isEmpty()) {
-        error = "--check and --export are separate runs";
+    if (!options.exportDir.isEmpty() &&
+        (options.check || !options.screenshot.isEmpty() || !options.steps.isEmpty())) {
+        error = "--export runs alone: no --check, --screenshot, --expand or --click beside it";
         return false;
     }
     return true;

@@ -84,7 +84,7 @@ TEST_F(FormTest, BatchExportWritesWhatTheWindowWrites) {
         {{"--export"}, 2, "--export needs a value"},
         {{"--save"}, 2, "--save goes with --export"},
         {{"--export", at("x.blt/out")}, 2, "holds no \".blt\""},
-        {{"--check", "--export", at("b")}, 2, "separate runs"},
+        {{"--check", "--export", at("b")}, 2, "--export runs alone"},
         {{at("missing.json"), "--export", at("b")}, 1, "missing.json"},
         {{at("demo.json"), "--unit", "2", "--export", at("b")}, 1, "there is no unit 2"},
         {{at("noname.json"), "--export", at("b")}, 1, "ied_name \"\" makes no file name"},

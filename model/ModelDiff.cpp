@@ -5,33 +5,43 @@
 
 #include <QMap>
 #include <QSet>
+#include <algorithm>
+#include <map>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+#include <vector>
 
 namespace {
 
-// The objects of one domain by name; the first of a repeated name stands.
+using Names = std::vector<std::string>;
+
+// Objects by name; the first of a repeated name stands.
+template <class T> using ByName = std::unordered_map<std::string, T*>;
+
+// The objects of one domain.
 struct Domain {
-    QMap<QString, DcICCPBase*> vars;
-    QMap<QString, DcDataSet*> dataSets;
-    QMap<QString, DcTransSet*> transSets;
+    ByName<DcICCPBase> vars;
+    ByName<DcDataSet> dataSets;
+    ByName<DcTransSet> transSets;
 };
 
-template <class T> void Collect(StringList& list, QMap<QString, T*>& objects) {
+template <class T> void Collect(StringList& list, ByName<T>& objects) {
     for (int i = 0; i < list.Count; ++i)
         if (T* object = qobject_cast<T*>(ListOb(list, i)))
-            if (!objects.contains(LocalToQ(object->name)))
-                objects.insert(LocalToQ(object->name), object);
+            objects.emplace(object->name, object);
 }
 
 // The domains of a model: "" for the VCC, the ICCs by name.
-QMap<QString, Domain> Domains(DcVCC* vcc) {
-    QMap<QString, Domain> domains;
-    Collect(vcc->Vars, domains[QString()].vars);
-    Collect(vcc->DataSets, domains[QString()].dataSets);
+std::map<std::string, Domain> Domains(DcVCC* vcc) {
+    std::map<std::string, Domain> domains;
+    Collect(vcc->Vars, domains[std::string()].vars);
+    Collect(vcc->DataSets, domains[std::string()].dataSets);
     for (int i = 0; i < vcc->ICCs.Count; ++i) {
         auto* icc = qobject_cast<DcLD*>(ListOb(vcc->ICCs, i));
-        if (!icc || domains.contains(LocalToQ(icc->name)))
+        if (!icc || domains.count(icc->name))
             continue;
-        Domain& domain = domains[LocalToQ(icc->name)];
+        Domain& domain = domains[icc->name];
         Collect(icc->Vars, domain.vars);
         Collect(icc->DataSets, domain.dataSets);
         Collect(icc->TransSets, domain.transSets);
@@ -39,12 +49,30 @@ QMap<QString, Domain> Domains(DcVCC* vcc) {
     return domains;
 }
 
-QString TypeOf(DcICCPBase* object) {
+// The names of both, each once, in order.
+template <class Map> Names Union(const Map& a, const Map& b) {
+    Names names;
+    names.reserve(a.size() + b.size());
+    for (const auto& entry : a)
+        names.push_back(entry.first);
+    for (const auto& entry : b)
+        if (!a.count(entry.first))
+            names.push_back(entry.first);
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+template <class T> T* Find(const ByName<T>& objects, const std::string& name) {
+    const auto found = objects.find(name);
+    return found == objects.end() ? nullptr : found->second;
+}
+
+std::string TypeOf(DcICCPBase* object) {
     if (auto* variable = qobject_cast<DcDA*>(object))
-        return LocalToQ(variable->type);
+        return variable->type;
     if (auto* structure = qobject_cast<DcDO*>(object))
-        return LocalToQ(structure->type);
-    return QString();
+        return structure->type;
+    return std::string();
 }
 
 // The written values of a transfer set's attributes by member path
@@ -66,78 +94,75 @@ public:
     Differ(const ModelFile& before, const ModelFile& after) : before(before), after(after) {}
 
     QStringList Run() {
-        const QMap<QString, Domain> old = Domains(before.vcc);
-        const QMap<QString, Domain> now = Domains(after.vcc);
-        for (const QString& name : Union(old, now)) {
-            const QString prefix = name.isEmpty() ? QString() : name + "/";
-            if (!name.isEmpty() && !now.contains(name))
-                lines << "- " + name + ": ICC";
-            else if (!name.isEmpty() && !old.contains(name))
-                lines << "+ " + name + ": ICC";
+        const std::map<std::string, Domain> old = Domains(before.vcc);
+        const std::map<std::string, Domain> now = Domains(after.vcc);
+        for (const std::string& name : Union(old, now)) {
+            const QString icc = LocalToQ(name);
+            if (!now.count(name))
+                lines << "- " + icc + ": ICC";
+            else if (!old.count(name))
+                lines << "+ " + icc + ": ICC";
             else
-                Compare(old[name], now[name], prefix);
+                Compare(old.at(name), now.at(name), name.empty() ? QString() : icc + "/");
         }
         return lines;
     }
 
 private:
-    template <class T>
-    static QList<QString> Union(const QMap<QString, T>& a, const QMap<QString, T>& b) {
-        QMap<QString, bool> names;
-        for (auto i = a.cbegin(); i != a.cend(); ++i)
-            names.insert(i.key(), true);
-        for (auto i = b.cbegin(); i != b.cend(); ++i)
-            names.insert(i.key(), true);
-        return names.keys();
-    }
-
     void Compare(const Domain& old, const Domain& now, const QString& prefix) {
-        for (const QString& name : Union(old.vars, now.vars)) {
-            DcICCPBase* a = old.vars.value(name);
-            DcICCPBase* b = now.vars.value(name);
+        for (const std::string& name : Union(old.vars, now.vars)) {
+            DcICCPBase* a = Find(old.vars, name);
+            DcICCPBase* b = Find(now.vars, name);
+            const auto path = [&] { return prefix + LocalToQ(name); };
             if (!b)
-                lines << "- " + prefix + name + ": переменная " + TypeOf(a);
+                lines << "- " + path() + ": переменная " + LocalToQ(TypeOf(a));
             else if (!a)
-                lines << "+ " + prefix + name + ": переменная " + TypeOf(b);
+                lines << "+ " + path() + ": переменная " + LocalToQ(TypeOf(b));
             else if (TypeOf(a) != TypeOf(b))
-                lines << "~ " + prefix + name + ": тип " + TypeOf(a) + " -> " + TypeOf(b);
+                lines << "~ " + path() + ": тип " + LocalToQ(TypeOf(a)) + " -> " +
+                             LocalToQ(TypeOf(b));
         }
-        for (const QString& name : Union(old.dataSets, now.dataSets)) {
-            const QStringList a = MemberEntries(old.dataSets.value(name));
-            const QStringList b = MemberEntries(now.dataSets.value(name));
-            if (!now.dataSets.contains(name))
-                lines << QString("- %1%2: набор данных, элементов %3")
-                             .arg(prefix, name)
-                             .arg(a.size());
-            else if (!old.dataSets.contains(name))
-                lines << QString("+ %1%2: набор данных, элементов %3")
-                             .arg(prefix, name)
-                             .arg(b.size());
+        for (const std::string& name : Union(old.dataSets, now.dataSets)) {
+            DcDataSet* a = Find(old.dataSets, name);
+            DcDataSet* b = Find(now.dataSets, name);
+            const QString path = prefix + LocalToQ(name);
+            if (!b)
+                lines << QString("- %1: набор данных, элементов %2")
+                             .arg(path)
+                             .arg(MemberEntries(a).size());
+            else if (!a)
+                lines << QString("+ %1: набор данных, элементов %2")
+                             .arg(path)
+                             .arg(MemberEntries(b).size());
             else
-                Members(prefix + name, a, b);
+                Members(path, MemberEntries(a), MemberEntries(b));
         }
-        for (const QString& name : Union(old.transSets, now.transSets)) {
-            if (!now.transSets.contains(name))
-                lines << "- " + prefix + name + ": набор передачи";
-            else if (!old.transSets.contains(name))
-                lines << "+ " + prefix + name + ": набор передачи";
+        for (const std::string& name : Union(old.transSets, now.transSets)) {
+            DcTransSet* a = Find(old.transSets, name);
+            DcTransSet* b = Find(now.transSets, name);
+            const QString path = prefix + LocalToQ(name);
+            if (!b)
+                lines << "- " + path + ": набор передачи";
+            else if (!a)
+                lines << "+ " + path + ": набор передачи";
             else
-                Attributes(prefix + name, old.transSets[name], now.transSets[name]);
+                Attributes(path, a, b);
         }
     }
 
-    void Members(const QString& path, const QStringList& old, const QStringList& now) {
-        const QSet<QString> a(old.cbegin(), old.cend());
-        const QSet<QString> b(now.cbegin(), now.cend());
-        QMap<QString, QChar> changed;
-        for (const QString& entry : old)
-            if (!b.contains(entry))
-                changed.insert(entry, '-');
-        for (const QString& entry : now)
-            if (!a.contains(entry))
-                changed.insert(entry, '+');
-        for (auto i = changed.cbegin(); i != changed.cend(); ++i)
-            lines << QString("%1 %2: элемент %3").arg(i.value()).arg(path, i.key());
+    void Members(const QString& path, const Names& old, const Names& now) {
+        const std::unordered_set<std::string> a(old.cbegin(), old.cend());
+        const std::unordered_set<std::string> b(now.cbegin(), now.cend());
+        std::map<std::string, char> changed;
+        for (const std::string& entry : old)
+            if (!b.count(entry))
+                changed.emplace(entry, '-');
+        for (const std::string& entry : now)
+            if (!a.count(entry))
+                changed.emplace(entry, '+');
+        for (const auto& entry : changed)
+            lines
+                << QString("%1 %2: элемент %3").arg(entry.second).arg(path, LocalToQ(entry.first));
     }
 
     void Attributes(const QString& path, DcTransSet* old, DcTransSet* now) {

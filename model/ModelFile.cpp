@@ -146,12 +146,12 @@ std::string ModelFile::ValueOf(DcDA* variable) const {
     return variable->svalue;
 }
 
-QStringList MemberEntries(DcDataSet* set) {
-    QStringList entries;
+std::vector<std::string> MemberEntries(DcDataSet* set) {
+    std::vector<std::string> entries;
     for (int i = 0; set && i < set->Elems.Count; ++i) {
         DcICCPBase* object = ListOb(set->Elems, i);
         if (!object || object->Owner != set)
-            entries << LocalToQ(set->Elems.Strings(i));
+            entries.push_back(set->Elems.Strings(i));
     }
     return entries;
 }

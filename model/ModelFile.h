@@ -6,8 +6,8 @@
 #include <QByteArray>
 #include <QHash>
 #include <QString>
-#include <QStringList>
 #include <string>
+#include <vector>
 
 class DcDA;
 class DcDataSet;
@@ -46,4 +46,4 @@ private:
 
 // The entry texts of a data set in order, but for its standard fields, which
 // are the set's own objects.
-QStringList MemberEntries(DcDataSet* set);
+std::vector<std::string> MemberEntries(DcDataSet* set);

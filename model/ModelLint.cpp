@@ -122,8 +122,8 @@ private:
             Add(true, path, "mms-name", fault);
     }
 
-    void Unique(std::unordered_set<std::string>& names, const std::string& path, const std::string& name,
-                const QString& message) {
+    void Unique(std::unordered_set<std::string>& names, const std::string& path,
+                const std::string& name, const QString& message) {
         if (names.count(name))
             Add(true, path, "duplicate", message);
         names.insert(name);
@@ -247,8 +247,7 @@ private:
                         named.insert(Reported(set));
         for (int i = 0; i < sets.Count; ++i) {
             auto* set = qobject_cast<DcDataSet*>(ListOb(sets, i));
-            if (!set || MemberEntries(set).isEmpty() ||
-                named.contains(LocalToQ(set->GetFullName())))
+            if (!set || MemberEntries(set).empty() || named.contains(LocalToQ(set->GetFullName())))
                 continue;
             if (free > 0) {
                 --free;

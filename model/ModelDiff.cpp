@@ -67,14 +67,6 @@ template <class T> T* Find(const ByName<T>& objects, const std::string& name) {
     return found == objects.end() ? nullptr : found->second;
 }
 
-std::string TypeOf(DcICCPBase* object) {
-    if (auto* variable = qobject_cast<DcDA*>(object))
-        return variable->type;
-    if (auto* structure = qobject_cast<DcDO*>(object))
-        return structure->type;
-    return std::string();
-}
-
 // The written values of a transfer set's attributes by member path
 // ("Interval", "DataSetName$Name"), in member order.
 void Attributes(const ModelFile& model, StringList& members, const QString& prefix,
@@ -115,12 +107,12 @@ private:
             DcICCPBase* b = Find(now.vars, name);
             const auto path = [&] { return prefix + LocalToQ(name); };
             if (!b)
-                lines << "- " + path() + ": переменная " + LocalToQ(TypeOf(a));
+                lines << "- " + path() + ": переменная " + LocalToQ(VariableType(a));
             else if (!a)
-                lines << "+ " + path() + ": переменная " + LocalToQ(TypeOf(b));
-            else if (TypeOf(a) != TypeOf(b))
-                lines << "~ " + path() + ": тип " + LocalToQ(TypeOf(a)) + " -> " +
-                             LocalToQ(TypeOf(b));
+                lines << "+ " + path() + ": переменная " + LocalToQ(VariableType(b));
+            else if (VariableType(a) != VariableType(b))
+                lines << "~ " + path() + ": тип " + LocalToQ(VariableType(a)) + " -> " +
+                             LocalToQ(VariableType(b));
         }
         for (const std::string& name : Union(old.dataSets, now.dataSets)) {
             DcDataSet* a = Find(old.dataSets, name);

@@ -155,3 +155,11 @@ std::vector<std::string> MemberEntries(DcDataSet* set) {
     }
     return entries;
 }
+
+std::string VariableType(DcICCPBase* object) {
+    if (auto* variable = qobject_cast<DcDA*>(object))
+        return variable->type;
+    if (auto* structure = qobject_cast<DcDO*>(object))
+        return structure->type;
+    return std::string();
+}

@@ -10,6 +10,7 @@
 #include <vector>
 
 class DcDA;
+class DcICCPBase;
 class DcDataSet;
 class DcDTTP;
 class DcVCC;
@@ -47,3 +48,5 @@ private:
 // The entry texts of a data set in order, but for its standard fields, which
 // are the set's own objects.
 std::vector<std::string> MemberEntries(DcDataSet* set);
+// The type of a DcDA or DcDO; empty for any other object.
+std::string VariableType(DcICCPBase* object);

@@ -40,14 +40,6 @@ bool StartsWith(const std::string& text, const char* head) {
     return text.compare(0, std::char_traits<char>::length(head), head) == 0;
 }
 
-std::string TypeOf(DcICCPBase* object) {
-    if (auto* variable = qobject_cast<DcDA*>(object))
-        return variable->type;
-    if (auto* structure = qobject_cast<DcDO*>(object))
-        return structure->type;
-    return std::string();
-}
-
 // Why name can't be an MMS identifier, or nothing. The names of the
 // standard types and fields stand as the standard gives them.
 QString IdentifierFault(const std::string& name) {
@@ -149,10 +141,10 @@ private:
             if (!inVcc)
                 Add(true, path, "reserved",
                     "имя обязательной переменной VCC зарезервировано TASE.2");
-            else if (TypeOf(var) != mandatory[1])
+            else if (VariableType(var) != mandatory[1])
                 Add(true, path, "reserved",
                     QString("обязательная переменная TASE.2 должна иметь тип %1, а не %2")
-                        .arg(mandatory[1], LocalToQ(TypeOf(var))));
+                        .arg(mandatory[1], LocalToQ(VariableType(var))));
         }
         for (const char* reserved : ReservedNames)
             if (var->name == reserved)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/UiSteps.h"
+#include "model/ModelLint.h"
 
 #include <QList>
 #include <QString>
@@ -21,6 +22,10 @@ struct HostOptions {
     QList<UiStep> steps;  // taken on the shown form, in order
     QString plugin;
     bool help = false;
+    bool lint = false;          // headless; checks the model the form writes
+    int pdu = kDefaultPduBytes; // the data set budget of --lint
+    bool diff = false;          // headless; compares models
+    QStringList diffFiles;      // none, the other model, or two without a project
 };
 
 extern const char* const hostUsage;

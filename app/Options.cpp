@@ -9,7 +9,8 @@ const char* const hostUsage =
     "usage: iccp-host [PROJECT.json] [--unit N] [--headless] [--print-datarun]\n"
     "                 [--screenshot FILE.png] [--plugin PATH] [--timing]\n"
     "                 [--expand VIEW] [--click VIEW:TEXT] [--screenshot-of NAME]\n"
-    "                 [--check] [--list] [--no-save] [--export DIR [--save]]\n"
+    "                 [--check] [--list] [--no-save] [--lint [--pdu BYTES]]\n"
+    "                 [--diff [OTHER | A B]] [--export DIR [--save]]\n"
     "\n"
     "Opens the ICCP server configuration form for one unit of a host project.\n"
     "  PROJECT.json          project of the stand-in host, saved back after the form\n"
@@ -36,6 +37,19 @@ const char* const hostUsage =
     "                        one line for each tag or variable that does not fit and\n"
     "                        answers Cancel; the project file is not written. Exit\n"
     "                        status 0 all fits, 1 something does not, 2 no check ran\n"
+    "  --lint                headless, checks the model that the form writes for the\n"
+    "                        unit against what a TASE.2 peer accepts; one line per\n"
+    "                        finding; the project file is not written. Exit status\n"
+    "                        0 no error, 1 errors, 2 no check ran\n"
+    "  --pdu BYTES           the largest data set --lint lets pass (default 32000)\n"
+    "  --diff [OTHER]        headless, compares the model that the form writes for the\n"
+    "                        unit with OTHER (.blt, .xml or a saved $DATARUN), or\n"
+    "                        without OTHER with the unit's stored $DATARUN; \"-\" lines\n"
+    "                        are only in OTHER, \"+\" only in the form's model. The\n"
+    "                        project file is not written\n"
+    "  --diff A B            compares two model files, without a project. Exit status\n"
+    "                        of --diff: 0 the models agree, 1 they differ, 2 a model\n"
+    "                        could not be read\n"
     "  --export DIR          headless, runs the form's \"Сохранить BilateralTable в\n"
     "                        файл\" into DIR/<ied_name>.blt with the CSV beside it (or\n"
     "                        .xml, no CSV, when the unit's sclcomplete is set) and\n"
@@ -59,6 +73,22 @@ bool PictureNameFits(const QString& name, QString& error) {
         return true;
     error = "--screenshot would write over " + name + ", which is not a PNG picture";
     return false;
+}
+
+// The arguments after --diff that name model files: up to two, not
+// options and not the project.
+void TakeDiffFiles(const QStringList& args, int& i, HostOptions& options) {
+    while (options.diffFiles.size() < 2 && i + 1 < args.size() && !args[i + 1].startsWith('-') &&
+           !args[i + 1].endsWith(".json", Qt::CaseInsensitive))
+        options.diffFiles << args[++i];
+}
+
+bool ModelToolsFit(const HostOptions& options, QString& error) {
+    if (options.lint && options.diff)
+        error = "--lint and --diff run one at a time";
+    else if (options.diffFiles.size() == 2 && !options.project.isEmpty())
+        error = "--diff A B compares two model files and takes no project";
+    return error.isEmpty();
 }
 
 } // namespace
@@ -118,6 +148,18 @@ bool ParseOptions(const QStringList& args, HostOptions& options, QString& error)
             options.noSave = true;
         } else if (arg == "--print-datarun") {
             options.printDatarun = true;
+        } else if (arg == "--lint") {
+            options.lint = options.headless = true;
+        } else if (arg == "--pdu") {
+            bool ok = false;
+            options.pdu = i + 1 < args.size() ? args[++i].toInt(&ok) : 0;
+            if (!ok || options.pdu <= 0) {
+                error = "--pdu takes a number of bytes above 0";
+                return false;
+            }
+        } else if (arg == "--diff") {
+            options.diff = options.headless = true;
+            TakeDiffFiles(args, i, options);
         } else if (arg == "-h" || arg == "--help") {
             options.help = true;
         } else if (arg.startsWith('-')) {
@@ -135,9 +177,11 @@ bool ParseOptions(const QStringList& args, HostOptions& options, QString& error)
         return false;
     }
     if (!options.exportDir.isEmpty() &&
-        (options.check || !options.screenshot.isEmpty() || !options.steps.isEmpty())) {
-        error = "--export runs alone: no --check, --screenshot, --expand or --click beside it";
+        (options.check || options.lint || options.diff || !options.screenshot.isEmpty() ||
+         !options.steps.isEmpty())) {
+        error = "--export runs alone: no --check, --lint, --diff, --screenshot, --expand or "
+                "--click beside it";
         return false;
     }
-    return true;
+    return ModelToolsFit(options, error);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/UiSteps.h"
+#include "model/ModelLint.h"
 
 #include <QList>
 #include <QString>
@@ -23,6 +24,10 @@ struct HostOptions {
     QString exportDir; // the form's save into this folder, then its close
     bool save = false; // an export writes the project file back
     bool help = false;
+    bool lint = false;          // headless; checks the model the form writes
+    int pdu = kDefaultPduBytes; // the data set budget of --lint
+    bool diff = false;          // headless; compares models
+    QStringList diffFiles;      // none, the other model, or two without a project
 };
 
 extern const char* const hostUsage;

@@ -3,6 +3,7 @@
 
 #include "app/BatchExport.h"
 #include "app/FormWatcher.h"
+#include "app/ModelTools.h"
 #include "app/Options.h"
 #include "app/PluginLoader.h"
 #include "app/RunTimer.h"
@@ -20,11 +21,11 @@
 
 namespace {
 
-// A run that could not be made ends with 1; a check that could not be made
-// with 2, apart from the 1 of a check that found something.
+// A run that could not be made ends with 1; a check, lint or diff that could
+// not be made with 2, apart from the 1 of one that found something.
 int Fail(const QString& message, const HostOptions& options) {
     fprintf(stderr, "iccp-host: %s\n", qPrintable(message));
-    return options.check ? 2 : 1;
+    return options.check || options.lint || options.diff ? 2 : 1;
 }
 
 void PrintDatarun(HostObject* unit) {
@@ -51,6 +52,8 @@ int main(int argc, char** argv) {
         fputs(hostUsage, stdout);
         return 0;
     }
+    if (options.diffFiles.size() == 2)
+        return DiffModelFiles(options);
     options.headless =
         options.headless || options.check || options.list || !options.exportDir.isEmpty();
     const bool noPlatform = qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
@@ -87,11 +90,11 @@ int main(int argc, char** argv) {
         ListUnits(project);
         return 0;
     }
-    // A check, and an export without --save, leave the project file as it
-    // was; any other run on a file writes it back, and finds out that it
-    // can't before the engineer edits anything.
-    const bool saves = !options.check && !options.noSave && !options.project.isEmpty() &&
-                       (options.exportDir.isEmpty() || options.save);
+    // A check, a lint, a diff and an export without --save leave the project
+    // file as it was; any other run on a file writes it back, and finds out
+    // that it can't before the engineer edits anything.
+    const bool saves = !options.check && !options.noSave && !options.lint && !options.diff &&
+                       !options.project.isEmpty() && (options.exportDir.isEmpty() || options.save);
     if (saves && !CanSaveProject(options.project, &error))
         return Fail(error + "; the project could not be saved, so the form was not opened",
                     options);
@@ -126,6 +129,7 @@ int main(int argc, char** argv) {
         watcher.start();
     if (options.timing)
         timer.watch();
+    const QByteArray stored = unit->get("$DATARUN").toByteArray();
     timer.mark(RunTimer::FormGet);
     plugin.formGet(HostProject::table(), line, unit, nullptr);
     timer.mark(RunTimer::FormReturned);
@@ -146,7 +150,9 @@ int main(int argc, char** argv) {
         fprintf(stderr, "iccp-host: no form was shown, so no screenshot was taken\n");
     if (!watcher.error().isEmpty())
         return Fail(watcher.error(), options);
-    if (options.check && !watcher.formSeen())
+    if ((options.lint || options.diff) && watcher.formSeen())
+        return RunModelTool(options, stored, unit->get("$DATARUN").toByteArray());
+    if ((options.check || options.lint || options.diff) && !watcher.formSeen())
         return Fail("no form was shown, so nothing was checked", options);
     const QStringList misfits =
         options.check ? DescribeCheckRows(unit, watcher.checkRows()) : QStringList();

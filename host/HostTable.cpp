@@ -12,7 +12,7 @@
 namespace {
 
 struct Injection {
-    bool armed = false; // counting, from the first CfgHostInjectFault on
+    bool armed = false; // counting, from CfgHostInjectFault to the end of a walk
     long calls = 0;
     long failAt = 0;
     THostFault fault = hfRefuse;

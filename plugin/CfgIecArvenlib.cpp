@@ -36,10 +36,12 @@ bool InspectRecvData() {
 
 namespace {
 // An integer parameter of the unit; 1 when it can't be read. The value's
-// tag is taken on trust.
+// tag is taken on trust. A value above kMaxLimit counts as unreadable: that
+// many ICCs or data sets would not fit in memory.
+const int32_t kMaxLimit = 10000;
 int32_t ReadLimit(void* unit, const char* name) {
     cfgParamValue value = {};
-    if (!cfgPropGet(unit, name, &value))
+    if (!cfgPropGet(unit, name, &value) || value.intValue > kMaxLimit)
         return 1;
     return value.intValue;
 }

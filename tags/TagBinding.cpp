@@ -70,7 +70,8 @@ bool GetTextProp(void* ob, const char* name, std::string& out) {
 DcICCPBase* DomainContainer(int domain) {
     if (!pVCC)
         return nullptr;
-    return domain == 0 ? pVCC : ListOb(pVCC->ICCs, domain - 1);
+    // A negative number names no ICC, INT_MIN included.
+    return domain == 0 ? pVCC : ListOb(pVCC->ICCs, domain < 0 ? -1 : domain - 1);
 }
 
 StringList* VarsOf(DcICCPBase* container) {
@@ -87,7 +88,7 @@ DcDataSet* DataSetOf(DcICCPBase* container, int number) {
         sets = &vcc->DataSets;
     else if (auto icc = qobject_cast<DcLD*>(container))
         sets = &icc->DataSets;
-    return sets ? qobject_cast<DcDataSet*>(ListOb(*sets, number - 1)) : nullptr;
+    return sets ? qobject_cast<DcDataSet*>(ListOb(*sets, number < 0 ? -1 : number - 1)) : nullptr;
 }
 
 TagData GetTagData(void* tag) {

@@ -202,7 +202,7 @@ void CfgArvenSR::OnCreateTagInFld() {
                 return;
             std::vector<void*> all(size_t(count), nullptr);
             const int stored = cfgObChildList(unit, TagMode, all.data(), count);
-            for (int i = 0; i < stored && !parent; ++i)
+            for (int i = 0; i < stored && i < count && !parent; ++i)
                 if (cfgObType(all[size_t(i)]) > 7)
                     parent = all[size_t(i)];
         }

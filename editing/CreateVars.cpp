@@ -108,6 +108,7 @@ DcICCPBase* CfgArvenSR::CreateNewVarSimple(void* tag, int& isDO, int) {
 
     QListWidgetItem* current = lWInfo->currentItem();
     if (current && current->data(Qt::UserRole).value<void*>() == dataSet) {
+        dataSet->FlushRefs();
         auto item = new QListWidgetItem(
             QString::fromStdString(dataSet->Elems.Strings(FindIdObjByPtr(var, &dataSet->Elems))));
         item->setData(Qt::UserRole, QVariant::fromValue(static_cast<void*>(var)));

@@ -8,6 +8,8 @@
 #include <QObject>
 #include <QStringList>
 #include <string>
+#include <utility>
+#include <vector>
 
 // One entry of a StringList: the text and the object it names. The list owns
 // the entry, never the object.
@@ -56,6 +58,9 @@ public:
     int InsertObject(int i, const std::string& text, void* object);
     // InsertObject(i, text, null).
     int Insert(int i, const std::string& text);
+    // InsertObject(0, text, object) for each entry of `added` in turn, in one
+    // pass: the last one added stands first.
+    void InsertFront(const std::vector<std::pair<std::string, void*>>& added);
     // Index in Array of an entry with this text, or -1. Among duplicates one
     // of them is found.
     int IndexOf(const std::string& text) const;

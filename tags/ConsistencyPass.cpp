@@ -179,11 +179,15 @@ void CfgArvenSR::CreateNewVar(QList<void*>& tags) {
     if (pDcDTTP)
         pDcDTTP->sortByidtype();
     int isDO = 0;
+    // Thousands of members may go into one data set: they are put in front
+    // together at the end.
+    DcDataSet::OpenRefBatch();
     for (void* tag : tags) {
         if (!tag)
             break;
         CreateNewVarSimple(tag, isDO, -1);
     }
+    DcDataSet::CloseRefBatch();
 }
 
 int CfgArvenSR::CheckAndSetDataSet(void* container, std::string name) {

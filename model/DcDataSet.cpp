@@ -1,5 +1,6 @@
 #include "model/DcDataSet.h"
 
+#include <QStringBuilder>
 #include <tinyxml.h>
 
 #include "model/DcDA.h"
@@ -149,7 +150,7 @@ QString DcDataSet::ToXML(int indent) {
     for (int i = 0; i < Elems.Count; ++i) {
         const std::string text = Elems.Strings(i);
         if (!IsStdFieldName(text))
-            out += pad + "   <ElemDS name=\"" + LocalToQ(text) + "\" /> \r\n";
+            out += pad % "   <ElemDS name=\"" % LocalToQ(text) % "\" /> \r\n";
     }
     out += pad + "</DcDataSet> \r\n";
     return out;

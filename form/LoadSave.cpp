@@ -6,6 +6,7 @@
 #include "model/XmlText.h"
 #include "plugin/CfgIecArvenlib.h"
 #include "plugin/cfgCalls.h"
+#include "support/StrUtils.h"
 #include "support/myNode.h"
 #include "views/PropModel.h"
 #include "views/SomeModelsIED.h"
@@ -17,7 +18,6 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPixmapCache>
-#include <QRegularExpression>
 #include <QSet>
 #include <QStatusBar>
 #include <QTextCodec>
@@ -33,9 +33,6 @@ void Fillset1DS() {
 }
 
 namespace {
-
-// Line ends of the writers' text. A character class: a "|" ends a line too.
-const QRegularExpression LineSplit("[\r\n|\r|\n]");
 
 const char* const RemovedSignal = SIGNAL(RemoveObFromDS(void*, std::string, void*));
 const char* const RemovedSlot = SLOT(OnRemoveObFromDS(void*, std::string, void*));
@@ -133,7 +130,7 @@ void CfgArvenSR::OnSaveIed() {
     const int blt = path.indexOf(".blt");
     QString csvPath = blt > 0 ? path.left(blt) + ".csv" : QString();
     const QString csv = pVCC ? pVCC->ToCSV(0) : QString();
-    XmlList = csv.split(LineSplit, Qt::SkipEmptyParts);
+    XmlList = SplitLines(csv);
     // Written after the model, so the blob holds the CSV lines until the
     // close writes the model again.
     Write2SCLFile(XmlList, csvPath);
@@ -175,7 +172,7 @@ void CfgArvenSR::TekVCC2XMLList() {
     const QString text = QString::fromLatin1(Filecont.constData());
     if (!pVCC || !pDcDTTP)
         return;
-    XmlList = text.split(LineSplit, Qt::SkipEmptyParts);
+    XmlList = SplitLines(text);
     // The model is rendered only where the text read holds a model followed
     // by its templates; otherwise the text read stands.
     int vcc = -1;
@@ -189,8 +186,9 @@ void CfgArvenSR::TekVCC2XMLList() {
         templates = XmlList[i].contains("</DcTemplate>");
     if (!templates)
         return;
-    const QString body = pVCC->ToXML(2) + pDcDTTP->ToXML(2);
-    XmlList = body.split(LineSplit, Qt::SkipEmptyParts);
+    QString body = pVCC->ToXML(2);
+    body += pDcDTTP->ToXML(2);
+    XmlList = SplitLines(body);
     const QString schema = "http://www.w3.org/2001/XMLSchema";
     const QString instance = "http://www.w3.org/2001/XMLSchema-instance";
     XmlList.prepend("<DcTree>");

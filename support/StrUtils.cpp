@@ -103,3 +103,19 @@ void itoa(int value, char* buffer, int radix) {
     else
         xtoa(static_cast<unsigned long>(static_cast<unsigned int>(value)), buffer, radix, false);
 }
+
+QStringList SplitLines(const QString& text) {
+    QStringList lines;
+    const QChar* data = text.constData();
+    const int size = text.size();
+    int from = 0;
+    for (int i = 0; i <= size; ++i) {
+        const ushort c = i < size ? data[i].unicode() : '\n';
+        if (c != '\r' && c != '\n' && c != '|')
+            continue;
+        if (i > from)
+            lines.append(QString(data + from, i - from));
+        from = i + 1;
+    }
+    return lines;
+}

@@ -211,7 +211,15 @@ void CfgArvenSR::PutBlob(void* unit, const QByteArray& bytes) {
 
 void CfgArvenSR::Write2CFG(void* unit) {
     TekVCC2XMLList();
-    PutBlob(unit, XmlList.join("\n").toUtf8());
+    // The lines go into the bytes one by one and are let go at once: a large
+    // model's text isn't held a third time as one joined string.
+    QByteArray bytes;
+    while (!XmlList.isEmpty()) {
+        bytes += XmlList.takeFirst().toUtf8();
+        if (!XmlList.isEmpty())
+            bytes += '\n';
+    }
+    PutBlob(unit, bytes);
 }
 
 void CfgArvenSR::Write2SCLFile(QStringList& lines, QString& path) {

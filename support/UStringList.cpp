@@ -250,13 +250,34 @@ void StringList::InsertFront(const std::vector<std::pair<std::string, void*>>& a
     while (Count + k > Capacity)
         resize();
     std::memmove(Array + k, Array, sizeof(StringListEntry*) * Count);
-    for (int j = 0; j < k; ++j)
-        Array[k - 1 - j] = new StringListEntry{added[j].first, added[j].second};
-    // The new entries in order of adding, stably sorted by text, so that of
-    // equal texts the later one stands after the earlier.
     std::vector<int> fresh(k);
-    for (int j = 0; j < k; ++j)
+    for (int j = 0; j < k; ++j) {
+        Array[k - 1 - j] = new StringListEntry{added[j].first, added[j].second};
         fresh[j] = k - 1 - j;
+    }
+    MergeIntoRef(fresh, k);
+}
+
+void StringList::AddObjects(const std::vector<std::pair<std::string, void*>>& added) {
+    if (RefUnsorted || SortedFlag) {
+        for (const auto& entry : added)
+            AddObject(entry.first, entry.second, true);
+        return;
+    }
+    const int k = int(added.size());
+    while (Count + k > Capacity)
+        resize();
+    std::vector<int> fresh(k);
+    for (int j = 0; j < k; ++j) {
+        Array[Count + j] = new StringListEntry{added[j].first, added[j].second};
+        fresh[j] = Count + j;
+    }
+    MergeIntoRef(fresh, 0);
+}
+
+void StringList::MergeIntoRef(std::vector<int>& fresh, int shift) {
+    // The new entries, given in order of adding, stably sorted by text: of
+    // equal texts the later one stands after the earlier.
     auto less = [this](int a, int b) {
         const StringListEntry* x = Array[a];
         const StringListEntry* y = Array[b];
@@ -266,10 +287,10 @@ void StringList::InsertFront(const std::vector<std::pair<std::string, void*>>& a
     // Merged after the old ones, which go first among equal texts.
     std::vector<int> old(Ref, Ref + Count);
     for (int& index : old)
-        index += k;
+        index += shift;
     std::merge(old.begin(), old.end(), fresh.begin(), fresh.end(), Ref, less);
-    Count += k;
-    stat_tmp += k;
+    Count += int(fresh.size());
+    stat_tmp += int(fresh.size());
 }
 
 int StringList::Insert(int i, const std::string& text) {

@@ -167,37 +167,54 @@ void CfgArvenSR::OnUpDTTP() {
     ++TemplLoads;
 }
 
-void CfgArvenSR::TekVCC2XMLList() {
-    XmlList.clear();
+namespace {
+
+// The model is rendered only where the text read holds a model followed by
+// its templates: then true, with the rendered text in body. Otherwise false,
+// with the lines of the text read in lines (none without a model).
+bool RenderModel(QStringList& lines, QString& body) {
+    lines.clear();
     const QString text = QString::fromLatin1(Filecont.constData());
     if (!pVCC || !pDcDTTP)
-        return;
-    XmlList = SplitLines(text);
-    // The model is rendered only where the text read holds a model followed
-    // by its templates; otherwise the text read stands.
+        return false;
+    lines = SplitLines(text);
     int vcc = -1;
-    for (int i = 0; i < XmlList.size() && vcc < 0; ++i)
-        if (XmlList[i].contains("<DcVCC"))
+    for (int i = 0; i < lines.size() && vcc < 0; ++i)
+        if (lines[i].contains("<DcVCC"))
             vcc = i;
     if (vcc < 0)
-        return;
+        return false;
     bool templates = false;
-    for (int i = vcc + 1; i < XmlList.size() && !templates; ++i)
-        templates = XmlList[i].contains("</DcTemplate>");
+    for (int i = vcc + 1; i < lines.size() && !templates; ++i)
+        templates = lines[i].contains("</DcTemplate>");
     if (!templates)
-        return;
-    QString body = pVCC->ToXML(2);
+        return false;
+    lines.clear();
+    body = pVCC->ToXML(2);
     body += pDcDTTP->ToXML(2);
-    XmlList = SplitLines(body);
+    return true;
+}
+
+// The lines before and after a rendered model.
+QStringList HeadLines() {
     const QString schema = "http://www.w3.org/2001/XMLSchema";
     const QString instance = "http://www.w3.org/2001/XMLSchema-instance";
-    XmlList.prepend("<DcTree>");
-    XmlList.prepend("<xsd:schema xmlns:xsd = \"" + schema + "\">");
-    XmlList.prepend("<!--<DcDesc  xmlns:xsi = \"" + instance + "\" xmlns:xsd = \"" + schema +
-                    "\" > -->");
-    XmlList.prepend("<?xml version = \"1.0\" ?>");
-    XmlList.append("</DcTree>");
-    XmlList.append("</xsd:schema>");
+    return {"<?xml version = \"1.0\" ?>",
+            "<!--<DcDesc  xmlns:xsi = \"" + instance + "\" xmlns:xsd = \"" + schema + "\" > -->",
+            "<xsd:schema xmlns:xsd = \"" + schema + "\">", "<DcTree>"};
+}
+
+QStringList FootLines() {
+    return {"</DcTree>", "</xsd:schema>"};
+}
+
+} // namespace
+
+void CfgArvenSR::TekVCC2XMLList() {
+    QString body;
+    if (!RenderModel(XmlList, body))
+        return;
+    XmlList = HeadLines() + SplitLines(body) + FootLines();
 }
 
 void CfgArvenSR::PutBlob(void* unit, const QByteArray& bytes) {
@@ -210,15 +227,21 @@ void CfgArvenSR::PutBlob(void* unit, const QByteArray& bytes) {
 }
 
 void CfgArvenSR::Write2CFG(void* unit) {
-    TekVCC2XMLList();
-    // The lines go into the bytes one by one and are let go at once: a large
-    // model's text isn't held a third time as one joined string.
-    QByteArray bytes;
-    while (!XmlList.isEmpty()) {
-        bytes += XmlList.takeFirst().toUtf8();
-        if (!XmlList.isEmpty())
-            bytes += '\n';
+    // The text of the lines that TekVCC2XMLList makes, joined by LF, without
+    // the lines: a large model's text is cut in place and held once.
+    QString body;
+    if (!RenderModel(XmlList, body)) {
+        PutBlob(unit, XmlList.join("\n").toUtf8());
+        return;
     }
+    JoinLines(body);
+    QByteArray bytes = HeadLines().join("\n").toUtf8() + '\n';
+    if (!body.isEmpty()) {
+        bytes += body.toUtf8();
+        body.clear();
+        bytes += '\n';
+    }
+    bytes += FootLines().join("\n").toUtf8();
     PutBlob(unit, bytes);
 }
 

@@ -65,8 +65,10 @@ TEST(BulkAdd, MatchesOneByOne) {
             QString joined;
             for (const auto& entry : batch)
                 joined += QString::fromStdString(entry.first);
-            EXPECT_EQ(SplitLines(joined),
-                      joined.split(QRegularExpression("[\r\n|\r|\n]"), Qt::SkipEmptyParts))
-                << seed;
+            const QStringList lines =
+                joined.split(QRegularExpression("[\r\n|\r|\n]"), Qt::SkipEmptyParts);
+            EXPECT_EQ(SplitLines(joined), lines) << seed;
+            JoinLines(joined);
+            EXPECT_EQ(joined, lines.join("\n")) << seed;
         }
 }

@@ -56,8 +56,8 @@ bench: deps
 screenshots: build
 	scripts/take-screenshots build
 
-# Opens and closes generated units of 5,000, 20,000 and 50,000 tags headless
-# and prints the times and the peak memory.
+# Opens and closes generated units of 5,000 to 200,000 tags headless, in
+# three shapes, and prints the times, the peak memory and the plug-in's own.
 scale: deps
 	scripts/run-scale build-scale
 

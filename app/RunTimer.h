@@ -36,7 +36,9 @@ public:
     // Whether the form has had its first paint.
     bool painted() const { return m_painted; }
     // One line on stderr with the spans in seconds, the total since the
-    // timer was made, and the peak memory.
+    // timer was made, and the peak memory; a second line with the resident
+    // memory before the call into the plug-in, once the form is shown, and
+    // at the peak, so that the plug-in's share shows apart from the host's.
     void report() const;
 
 protected:
@@ -47,6 +49,11 @@ private:
 
     QElapsedTimer m_clock;
     qint64 m_marks[MarkCount];
+    long m_rssBefore = -1;
+    long m_rssShown = -1;
+    long m_rssPeak = -1;
+    // The process's peak up to the form, before the kernel's mark is reset.
+    long m_peakBefore = -1;
     QWidget* m_form = nullptr;
     bool m_painted = false;
 };

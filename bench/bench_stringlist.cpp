@@ -1,4 +1,5 @@
-// Costs of the model's StringList at 10^3, 10^4 and 10^5 entries.
+// Costs of the model's StringList at 10^3, 10^4 and 10^5 entries: one by
+// one and in the batches of a load.
 #include "support/UStringList.h"
 
 #include <algorithm>
@@ -70,6 +71,36 @@ void BM_InsertObjectFront(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
+// The same names as one batch, as a load adds them: at the end, or at the
+// front.
+std::vector<std::pair<std::string, void*>> Batch(int n) {
+    std::vector<std::pair<std::string, void*>> batch;
+    for (const std::string& name : Names(n))
+        batch.emplace_back(name, nullptr);
+    return batch;
+}
+
+void BM_AddObjects(benchmark::State& state) {
+    const auto batch = Batch(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        StringList list;
+        list.AddObjects(batch);
+        benchmark::DoNotOptimize(list.Ref);
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+void BM_InsertFront(benchmark::State& state) {
+    const auto batch = Batch(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        StringList list;
+        list.AddObject("Transfer_Set_Name", nullptr);
+        list.InsertFront(batch);
+        benchmark::DoNotOptimize(list.Ref);
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
 // Emptying a list of n entries by deletions at random places.
 void BM_Delete(benchmark::State& state) {
     const int n = static_cast<int>(state.range(0));
@@ -105,6 +136,8 @@ BENCHMARK(BM_InsertObjectFront)
     ->RangeMultiplier(10)
     ->Range(1000, 100000)
     ->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_AddObjects)->RangeMultiplier(10)->Range(1000, 100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_InsertFront)->RangeMultiplier(10)->Range(1000, 100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Delete)->RangeMultiplier(10)->Range(1000, 100000)->Unit(benchmark::kMillisecond);
 
 BENCHMARK_MAIN();

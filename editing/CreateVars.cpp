@@ -20,6 +20,8 @@
 #include <QComboBox>
 #include <QListView>
 #include <QMessageBox>
+#include <algorithm>
+#include <vector>
 
 std::string GetDefFromType(DcICCPBase* type) {
     if (!type)
@@ -30,6 +32,43 @@ std::string GetDefFromType(DcICCPBase* type) {
     if (cls == "DcDOType")
         return static_cast<DcDOType*>(type)->defname;
     return std::string();
+}
+
+namespace {
+
+// The open batch: each list with its variables in order of making.
+using WaitingVars = std::vector<std::pair<StringList*, std::vector<std::pair<std::string, void*>>>>;
+WaitingVars* VarBatch = nullptr;
+
+void AddVariable(StringList* vars, const std::string& name, DcICCPBase* var) {
+    if (!VarBatch) {
+        vars->AddObject(name, var, true);
+        return;
+    }
+    // A load fills the VCC and a few ICCs: the last list is the likely one.
+    auto at = std::find_if(VarBatch->rbegin(), VarBatch->rend(),
+                           [vars](const auto& waiting) { return waiting.first == vars; });
+    if (at == VarBatch->rend()) {
+        VarBatch->push_back({vars, {}});
+        at = VarBatch->rbegin();
+    }
+    at->second.emplace_back(name, var);
+}
+
+} // namespace
+
+void OpenVarBatch() {
+    if (!VarBatch)
+        VarBatch = new WaitingVars;
+}
+
+void CloseVarBatch() {
+    if (!VarBatch)
+        return;
+    for (auto& waiting : *VarBatch)
+        waiting.first->AddObjects(waiting.second);
+    delete VarBatch;
+    VarBatch = nullptr;
 }
 
 // True for a tag of a kind that may have a select-before-operate twin and
@@ -86,9 +125,9 @@ DcICCPBase* CfgArvenSR::CreateNewVarSimple(void* tag, int& isDO, int) {
     }
     var->desc = data.caption;
     var->BoundTag = tag;
-    vars->AddObject(name, var, true);
+    AddVariable(vars, name, var);
     if (twin)
-        vars->AddObject(twin->name, twin, true);
+        AddVariable(vars, twin->name, twin);
 
     const int number = data.isinDataSet;
     if (number < 1)
@@ -108,6 +147,7 @@ DcICCPBase* CfgArvenSR::CreateNewVarSimple(void* tag, int& isDO, int) {
 
     QListWidgetItem* current = lWInfo->currentItem();
     if (current && current->data(Qt::UserRole).value<void*>() == dataSet) {
+        dataSet->FlushRefs();
         auto item = new QListWidgetItem(
             QString::fromStdString(dataSet->Elems.Strings(FindIdObjByPtr(var, &dataSet->Elems))));
         item->setData(Qt::UserRole, QVariant::fromValue(static_cast<void*>(var)));

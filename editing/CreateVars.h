@@ -13,6 +13,12 @@ class DcICCPBase;
 class StringList;
 class myNode;
 
+// While a batch is open, the variables that CreateNewVarSimple makes wait
+// for their owner's list, which takes them all when the batch closes, as if
+// one by one.
+void OpenVarBatch();
+void CloseVarBatch();
+
 // defname of a DcDAType or DcDOType; empty for anything else.
 std::string GetDefFromType(DcICCPBase* type);
 

@@ -6,6 +6,7 @@
 #include "model/XmlText.h"
 #include "plugin/CfgIecArvenlib.h"
 #include "plugin/cfgCalls.h"
+#include "support/StrUtils.h"
 #include "support/myNode.h"
 #include "views/PropModel.h"
 #include "views/SomeModelsIED.h"
@@ -17,7 +18,6 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPixmapCache>
-#include <QRegularExpression>
 #include <QSet>
 #include <QStatusBar>
 #include <QTextCodec>
@@ -33,9 +33,6 @@ void Fillset1DS() {
 }
 
 namespace {
-
-// Line ends of the writers' text. A character class: a "|" ends a line too.
-const QRegularExpression LineSplit("[\r\n|\r|\n]");
 
 const char* const RemovedSignal = SIGNAL(RemoveObFromDS(void*, std::string, void*));
 const char* const RemovedSlot = SLOT(OnRemoveObFromDS(void*, std::string, void*));
@@ -133,7 +130,7 @@ void CfgArvenSR::OnSaveIed() {
     const int blt = path.indexOf(".blt");
     QString csvPath = blt > 0 ? path.left(blt) + ".csv" : QString();
     const QString csv = pVCC ? pVCC->ToCSV(0) : QString();
-    XmlList = csv.split(LineSplit, Qt::SkipEmptyParts);
+    XmlList = SplitLines(csv);
     // Written after the model, so the blob holds the CSV lines until the
     // close writes the model again.
     Write2SCLFile(XmlList, csvPath);
@@ -170,36 +167,54 @@ void CfgArvenSR::OnUpDTTP() {
     ++TemplLoads;
 }
 
-void CfgArvenSR::TekVCC2XMLList() {
-    XmlList.clear();
+namespace {
+
+// The model is rendered only where the text read holds a model followed by
+// its templates: then true, with the rendered text in body. Otherwise false,
+// with the lines of the text read in lines (none without a model).
+bool RenderModel(QStringList& lines, QString& body) {
+    lines.clear();
     const QString text = QString::fromLatin1(Filecont.constData());
     if (!pVCC || !pDcDTTP)
-        return;
-    XmlList = text.split(LineSplit, Qt::SkipEmptyParts);
-    // The model is rendered only where the text read holds a model followed
-    // by its templates; otherwise the text read stands.
+        return false;
+    lines = SplitLines(text);
     int vcc = -1;
-    for (int i = 0; i < XmlList.size() && vcc < 0; ++i)
-        if (XmlList[i].contains("<DcVCC"))
+    for (int i = 0; i < lines.size() && vcc < 0; ++i)
+        if (lines[i].contains("<DcVCC"))
             vcc = i;
     if (vcc < 0)
-        return;
+        return false;
     bool templates = false;
-    for (int i = vcc + 1; i < XmlList.size() && !templates; ++i)
-        templates = XmlList[i].contains("</DcTemplate>");
+    for (int i = vcc + 1; i < lines.size() && !templates; ++i)
+        templates = lines[i].contains("</DcTemplate>");
     if (!templates)
-        return;
-    const QString body = pVCC->ToXML(2) + pDcDTTP->ToXML(2);
-    XmlList = body.split(LineSplit, Qt::SkipEmptyParts);
+        return false;
+    lines.clear();
+    body = pVCC->ToXML(2);
+    body += pDcDTTP->ToXML(2);
+    return true;
+}
+
+// The lines before and after a rendered model.
+QStringList HeadLines() {
     const QString schema = "http://www.w3.org/2001/XMLSchema";
     const QString instance = "http://www.w3.org/2001/XMLSchema-instance";
-    XmlList.prepend("<DcTree>");
-    XmlList.prepend("<xsd:schema xmlns:xsd = \"" + schema + "\">");
-    XmlList.prepend("<!--<DcDesc  xmlns:xsi = \"" + instance + "\" xmlns:xsd = \"" + schema +
-                    "\" > -->");
-    XmlList.prepend("<?xml version = \"1.0\" ?>");
-    XmlList.append("</DcTree>");
-    XmlList.append("</xsd:schema>");
+    return {"<?xml version = \"1.0\" ?>",
+            "<!--<DcDesc  xmlns:xsi = \"" + instance + "\" xmlns:xsd = \"" + schema + "\" > -->",
+            "<xsd:schema xmlns:xsd = \"" + schema + "\">", "<DcTree>"};
+}
+
+QStringList FootLines() {
+    return {"</DcTree>", "</xsd:schema>"};
+}
+
+} // namespace
+
+void CfgArvenSR::TekVCC2XMLList() {
+    QString body;
+    if (!RenderModel(XmlList, body))
+        return;
+    XmlList = HeadLines() + SplitLines(body) + FootLines();
 }
 
 void CfgArvenSR::PutBlob(void* unit, const QByteArray& bytes) {
@@ -212,8 +227,22 @@ void CfgArvenSR::PutBlob(void* unit, const QByteArray& bytes) {
 }
 
 void CfgArvenSR::Write2CFG(void* unit) {
-    TekVCC2XMLList();
-    PutBlob(unit, XmlList.join("\n").toUtf8());
+    // The text of the lines that TekVCC2XMLList makes, joined by LF, without
+    // the lines: a large model's text is cut in place and held once.
+    QString body;
+    if (!RenderModel(XmlList, body)) {
+        PutBlob(unit, XmlList.join("\n").toUtf8());
+        return;
+    }
+    JoinLines(body);
+    QByteArray bytes = HeadLines().join("\n").toUtf8() + '\n';
+    if (!body.isEmpty()) {
+        bytes += body.toUtf8();
+        body.clear();
+        bytes += '\n';
+    }
+    bytes += FootLines().join("\n").toUtf8();
+    PutBlob(unit, bytes);
 }
 
 void CfgArvenSR::Write2SCLFile(QStringList& lines, QString& path) {

@@ -6,6 +6,8 @@
 #include "support/MyBuf.h"
 #include "support/StrUtils.h"
 
+#include <QStringBuilder>
+
 DcDA::DcDA(QObject* parent)
     : DcICCPBase(parent), Template(nullptr), Value(new MyBufValue()), Plain(true), ByteCount(0),
       unused(0), flagAbility(0) {
@@ -86,11 +88,12 @@ bool DcDA::SetAttFromStr(const std::string& attribute, const std::string& value)
 QString DcDA::ToXML(int indent) {
     if (Value && Value->Buf && Value->Len > 0)
         svalue = Value->Tostring();
-    return QString(indent, ' ') + "<DcDA  name = \"" + LocalToQ(name) + "\" type = \"" +
-           LocalToQ(type) + "\" " + "desc = \"" + Utf8ToQ(desc) + "\" svalue = \"" +
-           Utf8ToQ(svalue) + "\" refDSRT = \"" + refDSRT + "\" ByteCount=\"" +
-           QString::number(ByteCount) + "\"  unused=\"" + QString::number(unused) +
-           "\" refDS = \"" + refDS + "\"  flagAbility = \"" + QString::number(flagAbility) +
+    // One allocation for the whole line: a model has a line per variable.
+    return QString(indent, ' ') % "<DcDA  name = \"" % LocalToQ(name) % "\" type = \"" %
+           LocalToQ(type) % "\" " % "desc = \"" % Utf8ToQ(desc) % "\" svalue = \"" %
+           Utf8ToQ(svalue) % "\" refDSRT = \"" % refDSRT % "\" ByteCount=\"" %
+           QString::number(ByteCount) % "\"  unused=\"" % QString::number(unused) %
+           "\" refDS = \"" % refDS % "\"  flagAbility = \"" % QString::number(flagAbility) %
            "\" /> \r\n";
 }
 

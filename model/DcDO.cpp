@@ -1,5 +1,6 @@
 #include "model/DcDO.h"
 
+#include <QStringBuilder>
 #include <cstring>
 #include <tinyxml.h>
 
@@ -90,13 +91,14 @@ void DcDO::SetUseInTest(bool use) {
 
 QString DcDO::ToXML(int indent) {
     QString blanks(indent, ' ');
-    QString text = blanks + "<DcDO  name = \"" + LocalToQ(name) + "\" type = \"" + LocalToQ(type) +
-                   "\" " + "desc = \"" + Utf8ToQ(desc) + "\" refDSRT = \"" + refDSRT +
-                   "\" refDS = \"" + refDS + "\" >\r\n";
+    QString text = blanks % "<DcDO  name = \"" % LocalToQ(name) % "\" type = \"" % LocalToQ(type) %
+                   "\" " % "desc = \"" % Utf8ToQ(desc) % "\" refDSRT = \"" % refDSRT %
+                   "\" refDS = \"" % refDS % "\" >\r\n";
     for (int i = 0; i < Members.Count; ++i)
         if (DcICCPBase* member = ListOb(Members, i))
             text += member->ToXML(indent + 2);
-    return text + blanks + "</DcDO> \r\n";
+    text += blanks % "</DcDO> \r\n";
+    return text;
 }
 
 QString DcDO::ToCSV(int indent) {

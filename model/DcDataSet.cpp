@@ -1,5 +1,6 @@
 #include "model/DcDataSet.h"
 
+#include <QStringBuilder>
 #include <tinyxml.h>
 
 #include "model/DcDA.h"
@@ -91,10 +92,20 @@ DcDataSet::DcDataSet(const std::string& name, QObject* parent)
     SelfListFill();
 }
 
+namespace {
+
+bool RefBatchOpen = false;
+// The sets with entries waiting in the open batch.
+QList<DcDataSet*> WaitingSets;
+
+} // namespace
+
 DcDataSet::~DcDataSet() {
     // The standard fields go with the QObject children; the other entries
     // belong to their containers.
     delete RtBits;
+    if (!Waiting.empty())
+        WaitingSets.removeOne(this);
 }
 
 QString DcDataSet::ClassName() {
@@ -139,7 +150,7 @@ QString DcDataSet::ToXML(int indent) {
     for (int i = 0; i < Elems.Count; ++i) {
         const std::string text = Elems.Strings(i);
         if (!IsStdFieldName(text))
-            out += pad + "   <ElemDS name=\"" + LocalToQ(text) + "\" /> \r\n";
+            out += pad % "   <ElemDS name=\"" % LocalToQ(text) % "\" /> \r\n";
     }
     out += pad + "</DcDataSet> \r\n";
     return out;
@@ -159,16 +170,47 @@ int DcDataSet::AddObRef(DcICCPBase* object) {
         return -1;
     const std::string key = RefKey(object);
     int i = Elems.IndexOf(key);
+    if (i >= 0)
+        return Elems.AddObjToString(object, i);
     // A new member goes to the front: members stand in reverse order of
     // adding, before the standard fields.
-    if (i < 0)
+    if (!RefBatchOpen)
         return Elems.InsertObject(0, key, object);
-    return Elems.AddObjToString(object, i);
+    auto at = WaitingAt.find(key);
+    if (at != WaitingAt.end()) {
+        Waiting[at->second].second = object;
+        return 0;
+    }
+    if (Waiting.empty())
+        WaitingSets.append(this);
+    WaitingAt.emplace(key, Waiting.size());
+    Waiting.emplace_back(key, object);
+    return 0;
+}
+
+void DcDataSet::OpenRefBatch() {
+    RefBatchOpen = true;
+}
+
+void DcDataSet::CloseRefBatch() {
+    RefBatchOpen = false;
+    while (!WaitingSets.isEmpty())
+        WaitingSets.first()->FlushRefs();
+}
+
+void DcDataSet::FlushRefs() {
+    if (Waiting.empty())
+        return;
+    WaitingSets.removeOne(this);
+    Elems.InsertFront(Waiting);
+    Waiting.clear();
+    WaitingAt.clear();
 }
 
 void DcDataSet::RemoveRef(DcICCPBase* object) {
     if (!object)
         return;
+    FlushRefs();
     int i = Elems.IndexOf(RefKey(object));
     if (i >= 0)
         Elems.Delete(i);

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <QMap>
+#include <unordered_map>
+#include <vector>
 
 #include "model/DcICCPBase.h"
 #include "support/MyBuf.h"
@@ -65,7 +67,14 @@ public:
     std::string GetFullName() override;
 
     // Adds a variable at the front, or renews the object of its entry.
+    // While a batch is open the new entries wait (the result is then 0).
     int AddObRef(DcICCPBase* object);
+    // A batch of AddObRef over many sets: the entries that wait go to the
+    // front of Elems when the batch closes or FlushRefs runs, in the order
+    // that adding them one by one gives.
+    static void OpenRefBatch();
+    static void CloseRefBatch();
+    void FlushRefs();
     void RemoveRef(DcICCPBase* object);
     // Index of the entry; -1, and name cut at its first "$", when absent.
     int IdxObbyName(std::string& name);
@@ -95,4 +104,9 @@ public:
 private:
     // The owner key of object: Domain + "/" + name, or the bare name.
     std::string RefKey(DcICCPBase* object) const;
+
+    // Entries waiting for the front of Elems, in order of adding, and the
+    // place of each key among them.
+    std::vector<std::pair<std::string, void*>> Waiting;
+    std::unordered_map<std::string, size_t> WaitingAt;
 };

@@ -1,5 +1,6 @@
 #include "model/DcLD.h"
 
+#include <QStringBuilder>
 #include <tinyxml.h>
 
 #include "model/DcDA.h"
@@ -80,7 +81,8 @@ QString DcLD::ToXML(int indent) {
         if (dataSet && dataSet->Elems.Count > 0)
             text += dataSet->ToXML(indent + 2);
     }
-    return text + blanks + "</DcLD> \r\n";
+    text += blanks % "</DcLD> \r\n";
+    return text;
 }
 
 QString DcLD::ToCSV(int indent) {

@@ -1,5 +1,6 @@
 #include "model/DcVCC.h"
 
+#include <QStringBuilder>
 #include <tinyxml.h>
 
 #include "model/DcDA.h"
@@ -100,7 +101,8 @@ QString DcVCC::ToXML(int indent) {
         for (int i = 0; i < list->Count; ++i)
             if (DcICCPBase* object = ListOb(*list, i))
                 text += object->ToXML(indent + 2);
-    return text + blanks + "</DcVCC>\r\n";
+    text += blanks % "</DcVCC>\r\n";
+    return text;
 }
 
 QString DataSetToCSV(DcICCPBase* object) {

@@ -103,3 +103,38 @@ void itoa(int value, char* buffer, int radix) {
     else
         xtoa(static_cast<unsigned long>(static_cast<unsigned int>(value)), buffer, radix, false);
 }
+
+QStringList SplitLines(const QString& text) {
+    QStringList lines;
+    const QChar* data = text.constData();
+    const int size = text.size();
+    int from = 0;
+    for (int i = 0; i <= size; ++i) {
+        const ushort c = i < size ? data[i].unicode() : '\n';
+        if (c != '\r' && c != '\n' && c != '|')
+            continue;
+        if (i > from)
+            lines.append(QString(data + from, i - from));
+        from = i + 1;
+    }
+    return lines;
+}
+
+void JoinLines(QString& text) {
+    QChar* data = text.data();
+    const int size = text.size();
+    int to = 0;
+    bool cut = false;
+    for (int from = 0; from < size; ++from) {
+        const ushort c = data[from].unicode();
+        if (c == '\r' || c == '\n' || c == '|') {
+            cut = to > 0;
+            continue;
+        }
+        if (cut)
+            data[to++] = QLatin1Char('\n');
+        cut = false;
+        data[to++] = data[from];
+    }
+    text.truncate(to);
+}

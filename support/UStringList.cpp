@@ -238,6 +238,61 @@ int StringList::InsertObject(int i, const std::string& text, void* object) {
     return i + 1;
 }
 
+void StringList::InsertFront(const std::vector<std::pair<std::string, void*>>& added) {
+    const int k = int(added.size());
+    // A list out of order or kept sorted takes them one by one, as the
+    // single insertion would.
+    if (RefUnsorted || SortedFlag || Count == 0) {
+        for (const auto& entry : added)
+            InsertObject(0, entry.first, entry.second);
+        return;
+    }
+    while (Count + k > Capacity)
+        resize();
+    std::memmove(Array + k, Array, sizeof(StringListEntry*) * Count);
+    std::vector<int> fresh(k);
+    for (int j = 0; j < k; ++j) {
+        Array[k - 1 - j] = new StringListEntry{added[j].first, added[j].second};
+        fresh[j] = k - 1 - j;
+    }
+    MergeIntoRef(fresh, k);
+}
+
+void StringList::AddObjects(const std::vector<std::pair<std::string, void*>>& added) {
+    if (RefUnsorted || SortedFlag) {
+        for (const auto& entry : added)
+            AddObject(entry.first, entry.second, true);
+        return;
+    }
+    const int k = int(added.size());
+    while (Count + k > Capacity)
+        resize();
+    std::vector<int> fresh(k);
+    for (int j = 0; j < k; ++j) {
+        Array[Count + j] = new StringListEntry{added[j].first, added[j].second};
+        fresh[j] = Count + j;
+    }
+    MergeIntoRef(fresh, 0);
+}
+
+void StringList::MergeIntoRef(std::vector<int>& fresh, int shift) {
+    // The new entries, given in order of adding, stably sorted by text: of
+    // equal texts the later one stands after the earlier.
+    auto less = [this](int a, int b) {
+        const StringListEntry* x = Array[a];
+        const StringListEntry* y = Array[b];
+        return (x ? x->String : NullString) < (y ? y->String : NullString);
+    };
+    std::stable_sort(fresh.begin(), fresh.end(), less);
+    // Merged after the old ones, which go first among equal texts.
+    std::vector<int> old(Ref, Ref + Count);
+    for (int& index : old)
+        index += shift;
+    std::merge(old.begin(), old.end(), fresh.begin(), fresh.end(), Ref, less);
+    Count += int(fresh.size());
+    stat_tmp += int(fresh.size());
+}
+
 int StringList::Insert(int i, const std::string& text) {
     return InsertObject(i, text, nullptr);
 }

@@ -8,6 +8,8 @@
 #include <QObject>
 #include <QStringList>
 #include <string>
+#include <utility>
+#include <vector>
 
 // One entry of a StringList: the text and the object it names. The list owns
 // the entry, never the object.
@@ -56,6 +58,12 @@ public:
     int InsertObject(int i, const std::string& text, void* object);
     // InsertObject(i, text, null).
     int Insert(int i, const std::string& text);
+    // InsertObject(0, text, object) for each entry of `added` in turn, in one
+    // pass: the last one added stands first.
+    void InsertFront(const std::vector<std::pair<std::string, void*>>& added);
+    // AddObject(text, object, true) for each entry of `added` in turn, in
+    // one pass.
+    void AddObjects(const std::vector<std::pair<std::string, void*>>& added);
     // Index in Array of an entry with this text, or -1. Among duplicates one
     // of them is found.
     int IndexOf(const std::string& text) const;
@@ -81,6 +89,9 @@ private:
     void GrowIfFull();
     // Full re-sort of Ref by qsort under m_mutex.
     void SortRef();
+    // Puts the new indices `fresh` (in order of adding) into Ref after the
+    // old values, which are raised by `shift` first; Count grows by them.
+    void MergeIntoRef(std::vector<int>& fresh, int shift);
     // Removes the place holding index i from Ref and puts it back at the
     // place its present text belongs to.
     void ReplaceInRef(int i);

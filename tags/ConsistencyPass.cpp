@@ -3,6 +3,7 @@
 // the additions that make a container only when it is absent.
 #include "tags/ConsistencyPass.h"
 
+#include "editing/CreateVars.h"
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
 #include "plugin/CfgIecArvenlib.h"
@@ -179,11 +180,17 @@ void CfgArvenSR::CreateNewVar(QList<void*>& tags) {
     if (pDcDTTP)
         pDcDTTP->sortByidtype();
     int isDO = 0;
+    // Thousands of variables may go into one list and one data set: they
+    // are put in together at the end.
+    OpenVarBatch();
+    DcDataSet::OpenRefBatch();
     for (void* tag : tags) {
         if (!tag)
             break;
         CreateNewVarSimple(tag, isDO, -1);
     }
+    DcDataSet::CloseRefBatch();
+    CloseVarBatch();
 }
 
 int CfgArvenSR::CheckAndSetDataSet(void* container, std::string name) {

@@ -21,6 +21,7 @@
 #include <QPersistentModelIndex>
 #include <algorithm>
 #include <cstdlib>
+#include <unordered_set>
 #include <vector>
 
 namespace {
@@ -393,21 +394,44 @@ void CfgArvenSR::DeleteFromTag(void* tag) {
     emit lWInfo->currentItemChanged(current, current);
 }
 
-int CfgArvenSR::FillListBTag(void* unit, int& maxNoname) {
-    for (int kind = cotSource; kind <= cotControlPass; ++kind) {
-        for (void* tag : ChildrenOfKind(unit, kind)) {
-            const QString key = GetPropStrVal(tag, "tag_id");
-            if (key.isEmpty() || pListTag->IndexOf(key.toStdString()) >= 0)
-                continue;
-            pListTag->AddObject(key.toStdString(), tag, true);
-            const int at = key.lastIndexOf("Noname");
-            if (at >= 0)
-                maxNoname = std::max(maxNoname, Str2Int(key.mid(at + 6).toStdString()));
+namespace {
+
+// The keys of the tags below unit, folder by folder, that are neither in the
+// list nor met before, with their tags.
+struct TagKeys {
+    const StringList* list;
+    std::vector<std::pair<std::string, void*>> found;
+    std::unordered_set<std::string> met;
+
+    void Collect(void* unit, int& maxNoname) {
+        for (int kind = cotSource; kind <= cotControlPass; ++kind) {
+            for (void* tag : ChildrenOfKind(unit, kind)) {
+                const QString key = GetPropStrVal(tag, "tag_id");
+                if (key.isEmpty())
+                    continue;
+                std::string text = key.toStdString();
+                if (met.count(text) || list->IndexOf(text) >= 0)
+                    continue;
+                met.insert(text);
+                found.emplace_back(std::move(text), tag);
+                const int at = key.lastIndexOf("Noname");
+                if (at >= 0)
+                    maxNoname = std::max(maxNoname, Str2Int(key.mid(at + 6).toStdString()));
+            }
         }
+        for (int kind = cotFolderSource; kind <= cotFolderControlPass; ++kind)
+            for (void* folder : ChildrenOfKind(unit, kind))
+                Collect(folder, maxNoname);
     }
-    for (int kind = cotFolderSource; kind <= cotFolderControlPass; ++kind)
-        for (void* folder : ChildrenOfKind(unit, kind))
-            FillListBTag(folder, maxNoname);
+};
+
+} // namespace
+
+int CfgArvenSR::FillListBTag(void* unit, int& maxNoname) {
+    // A unit may hold 100,000 tags: they go into the list in one merge.
+    TagKeys keys{pListTag, {}, {}};
+    keys.Collect(unit, maxNoname);
+    pListTag->AddObjects(keys.found);
     return pListTag->Count;
 }
 

@@ -3,6 +3,7 @@
 #include "dialogs/ChoiceDS.h"
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
+#include "plugin/HostWall.h"
 #include "support/myNode.h"
 #include "tags/TagBinding.h"
 #include "views/SomeModelsIED.h"

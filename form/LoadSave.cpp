@@ -5,6 +5,7 @@
 #include "model/ICCPTypes_Nat.h"
 #include "model/XmlText.h"
 #include "plugin/CfgIecArvenlib.h"
+#include "plugin/HostWall.h"
 #include "plugin/cfgCalls.h"
 #include "support/myNode.h"
 #include "views/PropModel.h"
@@ -203,11 +204,7 @@ void CfgArvenSR::TekVCC2XMLList() {
 }
 
 void CfgArvenSR::PutBlob(void* unit, const QByteArray& bytes) {
-    cfgParamValue value = {};
-    value.type = cptText;
-    value.length = bytes.size();
-    value.text = const_cast<char*>(bytes.constData());
-    if (!cfgPropSet(unit, "$DATARUN", &value))
+    if (!SetTextProp(unit, "$DATARUN", bytes))
         statusBar->showMessage("Неудачная запись в блоб-поле");
 }
 

@@ -7,11 +7,9 @@
 #include <QMimeData>
 #include <QPersistentModelIndex>
 #include <algorithm>
-#include <cstdlib>
-#include <cstring>
 
 #include "model/ICCPTypes_Nat.h"
-#include "plugin/cfgCalls.h"
+#include "plugin/HostWall.h"
 #include "support/StrUtils.h"
 #include "support/myNode.h"
 
@@ -335,18 +333,8 @@ bool IEDTreeModel::setData(const QModelIndex& index, const QVariant& value, int 
     }
     object->desc = text.toLocal8Bit().toStdString();
     // Objects other than variables carry the caption of their tag as well.
-    if (object->BoundTag) {
-        const QByteArray bytes = text.toUtf8();
-        cfgParamValue caption;
-        caption.type = cptText;
-        caption.length = bytes.size();
-        caption.text = static_cast<char*>(calloc(size_t(bytes.size()) + 1, 1));
-        if (caption.text) {
-            memcpy(caption.text, bytes.constData(), size_t(bytes.size()));
-            cfgPropSet(object->BoundTag, "caption", &caption);
-            free(caption.text);
-        }
-    }
+    if (object->BoundTag)
+        SetTextProp(object->BoundTag, "caption", text.toUtf8());
     return true;
 }
 

@@ -1,6 +1,5 @@
 #include "dialogs/ChoiceObj.h"
 
-#include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
 #include "plugin/CfgIecArvenlib.h"
 
@@ -10,9 +9,9 @@
 
 FChoiceOb* pFChoiceOb = nullptr;
 
-FChoiceOb* NeedChoiceOb() {
+FChoiceOb* NeedChoiceOb(QWidget* parent) {
     if (!pFChoiceOb)
-        pFChoiceOb = new FChoiceOb(FCfgArvenSR);
+        pFChoiceOb = new FChoiceOb(parent);
     return pFChoiceOb;
 }
 

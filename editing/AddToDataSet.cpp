@@ -61,7 +61,7 @@ void CfgArvenSR::OnAddOb2DS() {
     if (!IsVariable(static_cast<DcICCPBase*>(node->object)) || IsOwn(node, "DcDataSet"))
         return;
 
-    ChoiceDS* dialog = NeedChoiceDS();
+    ChoiceDS* dialog = NeedChoiceDS(this);
     dialog->setWindowFlags(dialog->windowFlags() & ~Qt::WindowContextHelpButtonHint);
     dialog->setWindowTitle("Перемещение в DataSet");
     dialog->listWidget->clear();

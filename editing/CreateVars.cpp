@@ -202,7 +202,7 @@ myNode* DcDAtoTree(DcDA* var) {
 }
 
 void CfgArvenSR::Prepare4AddVar(int quantity) {
-    GetVarFrm* dialog = NeedGetVarFrm();
+    GetVarFrm* dialog = NeedGetVarFrm(this);
     dialog->setWhatsThis(QString());
     dialog->ui.lEName->clear();
     dialog->ui.sBCount->setValue(quantity);
@@ -258,7 +258,7 @@ static void* TargetTagFolder(CfgArvenSR* form, QModelIndex& parent) {
 }
 
 void CfgArvenSR::OnAddVar() {
-    GetVarFrm* dialog = NeedGetVarFrm();
+    GetVarFrm* dialog = NeedGetVarFrm(this);
     Prepare4AddVar(1);
     dialog->SelType = nullptr;
     if (!pVCC || !pDcDTTP || !pTagsModel)

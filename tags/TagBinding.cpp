@@ -292,7 +292,7 @@ void CfgArvenSR::OnCreateVarICCP() {
     }
     if (selected.isEmpty())
         return;
-    GetVarFrm* dialog = NeedGetVarFrm();
+    GetVarFrm* dialog = NeedGetVarFrm(this);
     dialog->ui.sBCount->setValue(selected.size());
     Prepare4AddVar(free);
     for (;;) {

@@ -1,6 +1,8 @@
 #include "tags/TagFolders.h"
 
 #include "editing/Deleting.h"
+// A tag's "domain", "isinDataSet" and "tag_type" are edited on the tag's
+// properties, and that road drives the moves of the variables by design.
 #include "editing/MoveVars.h"
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"

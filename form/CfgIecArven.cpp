@@ -390,7 +390,7 @@ void CfgArvenSR::onItemSelectionChanged() {
     for (int row = count - 4; row < count; ++row) {
         QListWidgetItem* item = lWInfo_2->item(row);
         if (item->isSelected())
-            item->setFlags(Qt::ItemFlags(int(item->flags()) & 0xfffc));
+            item->setFlags(item->flags() & ~(Qt::ItemIsSelectable | Qt::ItemIsEditable));
     }
 }
 

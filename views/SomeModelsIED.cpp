@@ -223,10 +223,9 @@ myNode* IEDTreeModel::nodeFromIndex(const QModelIndex& index) const {
 }
 
 QModelIndex IEDTreeModel::index(int row, int column, const QModelIndex& parent) const {
-    myNode* node = nodeFromIndex(parent);
-    if (!node)
-        return createIndex(row, column, rootNode);
-    myNode* child = column < 0 ? nullptr : childAt(node, row);
+    if (!hasIndex(row, column, parent))
+        return QModelIndex();
+    myNode* child = childAt(nodeFromIndex(parent), row);
     return child ? createIndex(row, column, child) : QModelIndex();
 }
 
@@ -308,6 +307,9 @@ QVariant IEDTreeModel::data(const QModelIndex& index, int role) const {
             return ImageByKey("DA_10");
         if (qobject_cast<DcLD*>(object))
             return ImageByKey("LDico");
+        // No class is named "DcDS" (a data set is "DcDataSet"), so data sets
+        // stay without an icon, as the tree has always shown them; naming
+        // "DcDataSet" here would change the tree.
         if (object->ClassName() == "DcDS")
             return ImageByKey("DS_10");
         return QVariant();

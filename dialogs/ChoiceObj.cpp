@@ -15,8 +15,12 @@ FChoiceOb* NeedChoiceOb(QWidget* parent) {
     return pFChoiceOb;
 }
 
+namespace {
+
 // The first class of the table that the dialog offers.
-static const int32_t FirstChoiceCode = 51;
+const int32_t FirstChoiceCode = 51;
+
+} // namespace
 
 FChoiceOb::FChoiceOb(QWidget* parent) : QDialog(parent), pHost(nullptr) {
     setupUi(this);

@@ -32,15 +32,19 @@ std::string GetDefFromType(DcICCPBase* type) {
     return std::string();
 }
 
+namespace {
+
 // True for a tag of a kind that may have a select-before-operate twin and
 // whose "presentSBO" reads above 0.
-static bool WantsSBOTwin(void* tag) {
+bool WantsSBOTwin(void* tag) {
     const int kind = cfgObType(tag);
     if (kind != cotSource && kind != cotControlSource)
         return false;
     cfgParamValue value = {};
     return cfgPropGet(tag, "presentSBO", &value) && value.intValue > 0;
 }
+
+} // namespace
 
 DcICCPBase* CfgArvenSR::CreateNewVarSimple(void* tag, int& isDO, int) {
     if (!pVCC || !pDcDTTP)
@@ -116,9 +120,11 @@ DcICCPBase* CfgArvenSR::CreateNewVarSimple(void* tag, int& isDO, int) {
     return var;
 }
 
+namespace {
+
 // The bit rows of a bit-string variable: the names of its type's senum, or
 // "h0", "h1", ... over the used bits when the type names none.
-static void AddBitNodes(myNode* node, DcDA* var) {
+void AddBitNodes(myNode* node, DcDA* var) {
     if (!var->IsBitStr() || !var->Template)
         return;
     const DcDAType* type = var->Template;
@@ -139,6 +145,8 @@ static void AddBitNodes(myNode* node, DcDA* var) {
     }
 }
 
+} // namespace
+
 QModelIndex ChildRowByText(QAbstractItemModel* model, const QModelIndex& parent,
                            const QString& text) {
     for (int row = 0; row < model->rowCount(parent); ++row) {
@@ -149,9 +157,13 @@ QModelIndex ChildRowByText(QAbstractItemModel* model, const QModelIndex& parent,
     return QModelIndex();
 }
 
-static DcICCPBase* NodeObject(myNode* node) {
+namespace {
+
+DcICCPBase* NodeObject(myNode* node) {
     return node ? static_cast<DcICCPBase*>(node->object) : nullptr;
 }
+
+} // namespace
 
 void List2Tree(myNode* root, StringList* list) {
     if (!root || !list)
@@ -238,9 +250,11 @@ void CfgArvenSR::Prepare4AddVar(int quantity) {
     where->setCurrentIndex(1);
 }
 
+namespace {
+
 // The tag folder that takes new tags from the current row of tVTags, and the
 // tag model's index of the rows beneath it.
-static void* TargetTagFolder(CfgArvenSR* form, QModelIndex& parent) {
+void* TargetTagFolder(CfgArvenSR* form, QModelIndex& parent) {
     QModelIndex current = form->tVTags->currentIndex();
     if (auto proxy = qobject_cast<ProxyModel4TagsModel*>(form->tVTags->model()))
         current = proxy->mapToSource(current);
@@ -256,6 +270,8 @@ static void* TargetTagFolder(CfgArvenSR* form, QModelIndex& parent) {
     parent = current;
     return object;
 }
+
+} // namespace
 
 void CfgArvenSR::OnAddVar() {
     GetVarFrm* dialog = NeedGetVarFrm(this);

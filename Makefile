@@ -5,17 +5,25 @@ FUZZ_SECONDS ?= 60
 MUTANTS ?= 200
 SEED ?= 1
 CMAKE_FLAGS ?=
+# No "Entering directory" lines from the build's own makefiles.
+MAKEFLAGS += --no-print-directory
 
-.PHONY: all deps build asan-build fuzz-build test test-plain test-asan demo bench scale screenshots fuzz fuzz-short mutants valgrind format clean package package-check try-package
+.PHONY: all deps configure build demo-build asan-build fuzz-build test test-plain test-asan demo bench scale screenshots fuzz fuzz-short mutants valgrind format clean package package-check try-package
 
 all: build
 
 deps:
 	@scripts/install-deps
 
-build: deps
+configure: deps
 	cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo $(CMAKE_FLAGS) >/dev/null
+
+build: configure
 	cmake --build build -j $(JOBS)
+
+# Only what the demo runs: iccp-host and the plug-in, not the test programs.
+demo-build: configure
+	cmake --build build -j $(JOBS) --target iccp-host CfgIecArven
 
 asan-build: deps
 	cmake -S . -B build-asan -DCMAKE_BUILD_TYPE=Debug -DICCP_SANITIZE=ON $(CMAKE_FLAGS) >/dev/null
@@ -44,7 +52,7 @@ package-check: package
 try-package: package
 	scripts/try-package build
 
-demo: build
+demo: demo-build
 	scripts/demo
 
 bench: deps
@@ -80,7 +88,7 @@ fuzz: fuzz-build
 fuzz-short: fuzz-build
 	scripts/run-fuzz build-fuzz $(FUZZ_SECONDS)
 
-format:
+format: deps
 	find plugin model form tags editing views dialogs support host app tests bench fuzz \
 	  -name '*.cpp' -o -name '*.h' | xargs clang-format -i
 

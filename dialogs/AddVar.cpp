@@ -10,7 +10,6 @@
 #include <climits>
 #include <cstdlib>
 
-#include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
 #include "plugin/CfgIecArvenlib.h"
 #include "support/myNode.h"
@@ -19,9 +18,9 @@
 
 GetVarFrm* FGetVarFrm = nullptr;
 
-GetVarFrm* NeedGetVarFrm() {
+GetVarFrm* NeedGetVarFrm(QWidget* parent) {
     if (!FGetVarFrm)
-        FGetVarFrm = new GetVarFrm(FCfgArvenSR);
+        FGetVarFrm = new GetVarFrm(parent);
     return FGetVarFrm;
 }
 

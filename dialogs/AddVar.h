@@ -57,7 +57,7 @@ public slots:
     void onlWClicked(QListWidgetItem* item);
 };
 
-// The one dialog of the form, made on first use with the form as parent and
-// kept as long as the form lives.
+// The one dialog of the form, made on first use with `parent`, the form that
+// asks, and kept as long as the form lives.
 extern GetVarFrm* FGetVarFrm;
-GetVarFrm* NeedGetVarFrm();
+GetVarFrm* NeedGetVarFrm(QWidget* parent);

@@ -1,7 +1,6 @@
 #include "dialogs/ChoiceDS.h"
 #include "dialogs/DialogParts.h"
 
-#include "form/CfgIecArven.h"
 #include "plugin/CfgIecArvenlib.h"
 
 #include <QDialogButtonBox>
@@ -12,9 +11,9 @@
 
 ChoiceDS* pChoiceDS = nullptr;
 
-ChoiceDS* NeedChoiceDS() {
+ChoiceDS* NeedChoiceDS(QWidget* parent) {
     if (!pChoiceDS)
-        pChoiceDS = new ChoiceDS(FCfgArvenSR);
+        pChoiceDS = new ChoiceDS(parent);
     return pChoiceDS;
 }
 

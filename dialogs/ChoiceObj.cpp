@@ -1,6 +1,5 @@
 #include "dialogs/ChoiceObj.h"
 
-#include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
 #include "plugin/CfgIecArvenlib.h"
 
@@ -10,14 +9,18 @@
 
 FChoiceOb* pFChoiceOb = nullptr;
 
-FChoiceOb* NeedChoiceOb() {
+FChoiceOb* NeedChoiceOb(QWidget* parent) {
     if (!pFChoiceOb)
-        pFChoiceOb = new FChoiceOb(FCfgArvenSR);
+        pFChoiceOb = new FChoiceOb(parent);
     return pFChoiceOb;
 }
 
+namespace {
+
 // The first class of the table that the dialog offers.
-static const int32_t FirstChoiceCode = 51;
+const int32_t FirstChoiceCode = 51;
+
+} // namespace
 
 FChoiceOb::FChoiceOb(QWidget* parent) : QDialog(parent), pHost(nullptr) {
     setupUi(this);

@@ -43,7 +43,7 @@ public slots:
     void accept() override;
 };
 
-// The one dialog of the form, made on first use with the form as parent and
-// kept as long as the form lives.
+// The one dialog of the form, made on first use with `parent`, the form that
+// asks, and kept as long as the form lives.
 extern FChoiceOb* pFChoiceOb;
-FChoiceOb* NeedChoiceOb();
+FChoiceOb* NeedChoiceOb(QWidget* parent);

@@ -1,6 +1,5 @@
 #include "dialogs/DComm.h"
 
-#include "form/CfgIecArven.h"
 #include "plugin/CfgIecArvenlib.h"
 
 #include <QCheckBox>
@@ -11,9 +10,9 @@
 
 DComm* FDComm = nullptr;
 
-DComm* NeedDComm() {
+DComm* NeedDComm(QWidget* parent) {
     if (!FDComm)
-        FDComm = new DComm(FCfgArvenSR);
+        FDComm = new DComm(parent);
     return FDComm;
 }
 

@@ -22,6 +22,7 @@ public:
     QDialogButtonBox* buttonBox;
 };
 
-// The one dialog of the form, made on first use with the form as parent.
+// The one dialog of the form, made on first use with `parent`, the form that
+// asks.
 extern DComm* FDComm;
-DComm* NeedDComm();
+DComm* NeedDComm(QWidget* parent);

@@ -51,7 +51,7 @@ void CfgArvenSR::OnAcmd() {
         QMessageBox::information(this, "Информация", "Не могу найти  ICC для вставки");
         return;
     }
-    DComm* dialog = NeedDComm();
+    DComm* dialog = NeedDComm(this);
     if (dialog->exec() != QDialog::Accepted)
         return;
     const int index = dialog->comboBox->currentIndex();

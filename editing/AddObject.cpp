@@ -30,7 +30,7 @@ void CfgArvenSR::OnAddOb() {
     if (!host)
         return;
 
-    FChoiceOb* dialog = NeedChoiceOb();
+    FChoiceOb* dialog = NeedChoiceOb(this);
     dialog->Fill_lWObjects();
     dialog->lEName->clear();
     // The places are taken afresh each time: the model may have been loaded

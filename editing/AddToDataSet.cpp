@@ -3,6 +3,7 @@
 #include "dialogs/ChoiceDS.h"
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
+#include "plugin/HostWall.h"
 #include "support/myNode.h"
 #include "tags/TagBinding.h"
 #include "views/SomeModelsIED.h"
@@ -12,19 +13,21 @@
 #include <QMenu>
 #include <QMessageBox>
 
-static bool IsVariable(DcICCPBase* ob) {
+namespace {
+
+bool IsVariable(DcICCPBase* ob) {
     if (!ob)
         return false;
     const QString cls = ob->ClassName();
     return cls == "DcDA" || cls == "DcDO";
 }
 
-static void Inform(QWidget* parent, const QString& text) {
+void Inform(QWidget* parent, const QString& text) {
     QMessageBox::information(parent, "Сообщение", text, QMessageBox::Ok);
 }
 
 // The data sets of the host row: the VCC's or the ICC's; null for any other.
-static StringList* HostDataSets(DcICCPBase* host, QString& prefix) {
+StringList* HostDataSets(DcICCPBase* host, QString& prefix) {
     const QString cls = host->ClassName();
     if (cls == "DcVCC")
         return &static_cast<DcVCC*>(host)->DataSets;
@@ -38,7 +41,7 @@ static StringList* HostDataSets(DcICCPBase* host, QString& prefix) {
 // The 1-based number of the set in its owner's list; 1 for an owner that is
 // neither VCC nor ICC. A set still kept in an ICC's list with the VCC as
 // owner is numbered by the list it was chosen from.
-static int DataSetNumber(DcDataSet* set, StringList* chosenFrom) {
+int DataSetNumber(DcDataSet* set, StringList* chosenFrom) {
     DcICCPBase* owner = set->OwnerOb();
     QString prefix;
     StringList* list = owner ? HostDataSets(owner, prefix) : nullptr;
@@ -50,6 +53,8 @@ static int DataSetNumber(DcDataSet* set, StringList* chosenFrom) {
     return position + 1;
 }
 
+} // namespace
+
 void CfgArvenSR::OnAddOb2DS() {
     if (!pTreeIedModel)
         return;
@@ -60,7 +65,7 @@ void CfgArvenSR::OnAddOb2DS() {
     if (!IsVariable(static_cast<DcICCPBase*>(node->object)) || IsOwn(node, "DcDataSet"))
         return;
 
-    ChoiceDS* dialog = NeedChoiceDS();
+    ChoiceDS* dialog = NeedChoiceDS(this);
     dialog->setWindowFlags(dialog->windowFlags() & ~Qt::WindowContextHelpButtonHint);
     dialog->setWindowTitle("Перемещение в DataSet");
     dialog->listWidget->clear();

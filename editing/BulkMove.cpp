@@ -7,6 +7,7 @@
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
 #include "plugin/CfgIecArvenlib.h"
+#include "plugin/HostWall.h"
 #include "tags/TagBinding.h"
 
 #include <QComboBox>

@@ -78,9 +78,11 @@ void CfgArvenSR::OnAddDS() {
     delete new DcTransSet("TrSet_" + number, true, nullptr);
 }
 
+namespace {
+
 // The row of the first object of list; invalid when the list is empty or the
 // object has no row.
-static QModelIndex FirstObjectRow(IEDTreeModel* model, StringList& list) {
+QModelIndex FirstObjectRow(IEDTreeModel* model, StringList& list) {
     if (!list.Objects(0))
         return QModelIndex();
     const QModelIndexList hits =
@@ -93,8 +95,8 @@ static QModelIndex FirstObjectRow(IEDTreeModel* model, StringList& list) {
 
 // Rows for the entries of list from position `from` on, as last children of
 // the folder node, announced under `announced` for rows from to last.
-static void AddRowsFrom(IEDTreeModel* model, const QModelIndex& announced, myNode* folder,
-                        StringList& list, int from, int last) {
+void AddRowsFrom(IEDTreeModel* model, const QModelIndex& announced, myNode* folder,
+                 StringList& list, int from, int last) {
     if (!folder || from > last)
         return;
     model->beginInsertRows(announced, from, last);
@@ -102,6 +104,8 @@ static void AddRowsFrom(IEDTreeModel* model, const QModelIndex& announced, myNod
         folder->AddChild(list.Strings(i), list.Objects(i));
     model->endInsertRows();
 }
+
+} // namespace
 
 void CfgArvenSR::AdDs() {
     if (!pVCC)

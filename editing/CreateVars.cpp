@@ -71,15 +71,19 @@ void CloseVarBatch() {
     VarBatch = nullptr;
 }
 
+namespace {
+
 // True for a tag of a kind that may have a select-before-operate twin and
 // whose "presentSBO" reads above 0.
-static bool WantsSBOTwin(void* tag) {
+bool WantsSBOTwin(void* tag) {
     const int kind = cfgObType(tag);
     if (kind != cotSource && kind != cotControlSource)
         return false;
     cfgParamValue value = {};
     return cfgPropGet(tag, "presentSBO", &value) && value.intValue > 0;
 }
+
+} // namespace
 
 DcICCPBase* CfgArvenSR::CreateNewVarSimple(void* tag, int& isDO, int) {
     if (!pVCC || !pDcDTTP)
@@ -156,9 +160,11 @@ DcICCPBase* CfgArvenSR::CreateNewVarSimple(void* tag, int& isDO, int) {
     return var;
 }
 
+namespace {
+
 // The bit rows of a bit-string variable: the names of its type's senum, or
 // "h0", "h1", ... over the used bits when the type names none.
-static void AddBitNodes(myNode* node, DcDA* var) {
+void AddBitNodes(myNode* node, DcDA* var) {
     if (!var->IsBitStr() || !var->Template)
         return;
     const DcDAType* type = var->Template;
@@ -179,6 +185,8 @@ static void AddBitNodes(myNode* node, DcDA* var) {
     }
 }
 
+} // namespace
+
 QModelIndex ChildRowByText(QAbstractItemModel* model, const QModelIndex& parent,
                            const QString& text) {
     for (int row = 0; row < model->rowCount(parent); ++row) {
@@ -189,9 +197,13 @@ QModelIndex ChildRowByText(QAbstractItemModel* model, const QModelIndex& parent,
     return QModelIndex();
 }
 
-static DcICCPBase* NodeObject(myNode* node) {
+namespace {
+
+DcICCPBase* NodeObject(myNode* node) {
     return node ? static_cast<DcICCPBase*>(node->object) : nullptr;
 }
+
+} // namespace
 
 void List2Tree(myNode* root, StringList* list) {
     if (!root || !list)
@@ -242,7 +254,7 @@ myNode* DcDAtoTree(DcDA* var) {
 }
 
 void CfgArvenSR::Prepare4AddVar(int quantity) {
-    GetVarFrm* dialog = NeedGetVarFrm();
+    GetVarFrm* dialog = NeedGetVarFrm(this);
     dialog->setWhatsThis(QString());
     dialog->ui.lEName->clear();
     dialog->ui.sBCount->setValue(quantity);
@@ -278,9 +290,11 @@ void CfgArvenSR::Prepare4AddVar(int quantity) {
     where->setCurrentIndex(1);
 }
 
+namespace {
+
 // The tag folder that takes new tags from the current row of tVTags, and the
 // tag model's index of the rows beneath it.
-static void* TargetTagFolder(CfgArvenSR* form, QModelIndex& parent) {
+void* TargetTagFolder(CfgArvenSR* form, QModelIndex& parent) {
     QModelIndex current = form->tVTags->currentIndex();
     if (auto proxy = qobject_cast<ProxyModel4TagsModel*>(form->tVTags->model()))
         current = proxy->mapToSource(current);
@@ -297,8 +311,10 @@ static void* TargetTagFolder(CfgArvenSR* form, QModelIndex& parent) {
     return object;
 }
 
+} // namespace
+
 void CfgArvenSR::OnAddVar() {
-    GetVarFrm* dialog = NeedGetVarFrm();
+    GetVarFrm* dialog = NeedGetVarFrm(this);
     Prepare4AddVar(1);
     dialog->SelType = nullptr;
     if (!pVCC || !pDcDTTP || !pTagsModel)

@@ -7,6 +7,7 @@
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
 #include "plugin/HostTitles.h"
+#include "plugin/HostWall.h"
 #include "plugin/cfgCalls.h"
 #include "support/myNode.h"
 #include "tags/TagBinding.h"

@@ -3,6 +3,7 @@
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
 #include "plugin/CfgIecArvenlib.h"
+#include "plugin/HostWall.h"
 #include "support/StrUtils.h"
 #include "support/myNode.h"
 #include "tags/TagBinding.h"

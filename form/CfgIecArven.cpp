@@ -4,6 +4,7 @@
 #include "model/ICCPTypes_Nat.h"
 #include "plugin/CfgIecArvenlib.h"
 #include "plugin/HostTitles.h"
+#include "plugin/HostWall.h"
 #include "plugin/cfgCalls.h"
 #include "views/PropDelegate.h"
 #include "views/PropDelegates.h"
@@ -312,8 +313,8 @@ void CfgArvenSR::FillEditAct() {
 void CfgArvenSR::ConcludeConstructor() {
     tVProp->setItemDelegate(pPropDeleg);
     // Read as every opening of a unit reads it; the form has no use for it.
-    cfgParamValue complete = {};
-    cfgPropGet(RecvUnit, "sclcomplete", &complete);
+    int complete = 0;
+    GetIntProp(RecvUnit, "sclcomplete", complete);
     connect(lW_ieds, SIGNAL(itemClicked(QListWidgetItem*)), this,
             SLOT(OnlW_UnitClicked(QListWidgetItem*)));
 }
@@ -389,7 +390,7 @@ void CfgArvenSR::onItemSelectionChanged() {
     for (int row = count - 4; row < count; ++row) {
         QListWidgetItem* item = lWInfo_2->item(row);
         if (item->isSelected())
-            item->setFlags(Qt::ItemFlags(int(item->flags()) & 0xfffc));
+            item->setFlags(item->flags() & ~(Qt::ItemIsSelectable | Qt::ItemIsEditable));
     }
 }
 

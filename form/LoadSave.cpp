@@ -5,6 +5,7 @@
 #include "model/ICCPTypes_Nat.h"
 #include "model/XmlText.h"
 #include "plugin/CfgIecArvenlib.h"
+#include "plugin/HostWall.h"
 #include "plugin/cfgCalls.h"
 #include "support/StrUtils.h"
 #include "support/myNode.h"
@@ -218,11 +219,7 @@ void CfgArvenSR::TekVCC2XMLList() {
 }
 
 void CfgArvenSR::PutBlob(void* unit, const QByteArray& bytes) {
-    cfgParamValue value = {};
-    value.type = cptText;
-    value.length = bytes.size();
-    value.text = const_cast<char*>(bytes.constData());
-    if (!cfgPropSet(unit, "$DATARUN", &value))
+    if (!SetTextProp(unit, "$DATARUN", bytes))
         statusBar->showMessage("Неудачная запись в блоб-поле");
 }
 

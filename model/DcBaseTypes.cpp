@@ -49,10 +49,14 @@ void SortDATypes() {
     qsort(DATypes, DATypesCount, sizeof(DcBaseDATypes), ComDATypes);
 }
 
-static void UpperInPlace(char* text) {
+namespace {
+
+void UpperInPlace(char* text) {
     for (; *text; ++text)
         *text = char(toupper(static_cast<unsigned char>(*text)));
 }
+
+} // namespace
 
 void SecTypesAToUp() {
     for (DcSecTypes& row : SecTypesA) {

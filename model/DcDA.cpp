@@ -30,13 +30,17 @@ DcDA::DcDA(const std::string& name, DcDAType* templ, QObject* parent) : DcDA(par
     flagAbility = 0;
 }
 
+namespace {
+
 // Removes the entry that holds object from list, if there is one.
-static void RemoveEntryOf(StringList& list, DcICCPBase* object) {
+void RemoveEntryOf(StringList& list, DcICCPBase* object) {
     int i = list.IndexOf(object->name);
     if (i < 0 || list.Objects(i) != object)
         i = FindIdObjByPtr(object, &list);
     list.Delete(i);
 }
+
+} // namespace
 
 void RemoveFromOwnerVars(DcICCPBase* object) {
     DcICCPBase* owner = object->OwnerOb();

@@ -11,11 +11,15 @@
 #include "support/MyBuf.h"
 #include "support/myNode.h"
 
+namespace {
+
 // Limits of the members that templates can make for one structure: real
 // structures nest a few levels, a template set that nests deeper or without
 // end is cut here.
-static const int MaxStructDepth = 16;
-static const int MaxBornMembers = 4096;
+const int MaxStructDepth = 16;
+const int MaxBornMembers = 4096;
+
+} // namespace
 
 DcDO::DcDO(QObject* parent) : DcICCPBase(parent), Top(true), Template(nullptr) {
     ObType = TabDcObCode("DcDO");
@@ -125,9 +129,11 @@ std::string DcDO::GetFullName2() {
     return (vcc ? vcc->name : std::string()) + "|" + GetFullName();
 }
 
+namespace {
+
 // The DcDA at the end of path in list: every step before the last names a
 // member of class "DcDO", the last one of class "DcDA".
-static DcDA* LeafAtPath(StringList& list, const std::string& path) {
+DcDA* LeafAtPath(StringList& list, const std::string& path) {
     size_t p = path.find('$');
     DcICCPBase* o = ListOb(list, list.IndexOf(path.substr(0, p)));
     if (!o)
@@ -138,6 +144,8 @@ static DcDA* LeafAtPath(StringList& list, const std::string& path) {
         return nullptr;
     return LeafAtPath(static_cast<DcDO*>(o)->Members, path.substr(p + 1));
 }
+
+} // namespace
 
 int GetVarInList(StringList& list, const std::string& path, std::string& out) {
     DcDA* da = LeafAtPath(list, path);
@@ -206,9 +214,13 @@ bool DcDO::GetValid() {
     return valid;
 }
 
+namespace {
+
 // Members left for the structure being built; reset by the outermost call.
-static int bornBudget = 0;
-static int bornNesting = 0;
+int bornBudget = 0;
+int bornNesting = 0;
+
+} // namespace
 
 void DcDO::BornContext() {
     if (!pDcDTTP)

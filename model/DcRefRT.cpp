@@ -24,8 +24,10 @@ template <typename F> static void ForEachRefEntry(const std::string& text, F f) 
     }
 }
 
+namespace {
+
 // The data set named DS or ICC/DS in vcc, or null.
-static DcDataSet* FindRefDataSet(DcVCC* vcc, const std::string& reference) {
+DcDataSet* FindRefDataSet(DcVCC* vcc, const std::string& reference) {
     size_t slash = reference.find('/');
     if (slash == std::string::npos)
         return qobject_cast<DcDataSet*>(ListOb(vcc->DataSets, vcc->DataSets.IndexOf(reference)));
@@ -36,6 +38,8 @@ static DcDataSet* FindRefDataSet(DcVCC* vcc, const std::string& reference) {
     return qobject_cast<DcDataSet*>(
         ListOb(icc->DataSets, icc->DataSets.IndexOf(reference.substr(slash + 1))));
 }
+
+} // namespace
 
 void DcICCPBase::ParseRefRT(const std::string& text) {
     if (!pVCC)

@@ -151,11 +151,13 @@ bool DcDOType::GetValid() {
     return Valid != 0;
 }
 
+namespace {
+
 // Members left for one expansion; a template set that nests without end is
 // cut when they run out.
-static const int MaxContDescNodes = 4096;
+const int MaxContDescNodes = 4096;
 
-static void FillContDesc(DcDOType* templ, myNode* node, QList<DcDOType*>& path, int& budget) {
+void FillContDesc(DcDOType* templ, myNode* node, QList<DcDOType*>& path, int& budget) {
     path.append(templ);
     for (int i = 0; i < templ->Members.Count && budget > 0; ++i) {
         DcICCPBase* member = ListOb(templ->Members, i);
@@ -178,6 +180,8 @@ static void FillContDesc(DcDOType* templ, myNode* node, QList<DcDOType*>& path, 
     }
     path.removeLast();
 }
+
+} // namespace
 
 void DcDOType::GetFullContDesc(myNode* node) {
     if (!node)

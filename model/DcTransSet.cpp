@@ -411,9 +411,11 @@ std::string DefaultTransSetText() {
            "</schema>";
 }
 
+namespace {
+
 // Reads the first DcTransSet element under node, in document order; true
 // once one is read.
-static bool RakeFirstTrans(TiXmlNode* node) {
+bool RakeFirstTrans(TiXmlNode* node) {
     if (node->Type() == TiXmlNode::TINYXML_ELEMENT && node->ValueStr() == "DcTransSet") {
         pTrans = new DcTransSet("", false, nullptr);
         pTrans->DecodeXML(node);
@@ -424,6 +426,8 @@ static bool RakeFirstTrans(TiXmlNode* node) {
             return true;
     return false;
 }
+
+} // namespace
 
 void RakeTrans(TiXmlNode* node) {
     if (node)

@@ -317,9 +317,11 @@ void DcVCC::InitVar4DS() {
     MakeServiceVars(this, Vars, "UINT8", &ServiceVars);
 }
 
+namespace {
+
 // Reads the DcVCC elements under node; a later one replaces an earlier one
 // of the same document, which is deleted.
-static void RakeVCC(TiXmlNode* node, DcVCC*& made) {
+void RakeVCC(TiXmlNode* node, DcVCC*& made) {
     if (node->Type() == TiXmlNode::TINYXML_ELEMENT && node->ValueStr() == "DcVCC") {
         if (made) {
             bool emitting = needemit;
@@ -334,6 +336,8 @@ static void RakeVCC(TiXmlNode* node, DcVCC*& made) {
     for (TiXmlNode* child = node->FirstChild(); child; child = child->NextSibling())
         RakeVCC(child, made);
 }
+
+} // namespace
 
 void RakeNode1(TiXmlNode* node) {
     DcVCC* made = nullptr;

@@ -5,8 +5,12 @@
 #include "support/MyBuf.h"
 #include "support/StrUtils.h"
 
+namespace {
+
 // No ICCP value comes near this; a template asking for more gets no buffer.
-static const int MaxValueSize = 65535;
+const int MaxValueSize = 65535;
+
+} // namespace
 
 MyBufValue::MyBufValue(DcDA* da) {
     SetbType(da);

@@ -70,6 +70,40 @@ bool IsFlg(void* ob) {
     return GetTypeObject(ob) > 7;
 }
 
+bool GetIntProp(void* ob, const char* name, int& out) {
+    cfgParamValue value = {};
+    if (!cfgPropGet(ob, name, &value) || value.type != cptInt)
+        return false;
+    out = value.intValue;
+    return true;
+}
+
+bool SetIntProp(void* ob, const char* name, int value) {
+    cfgParamValue record = {};
+    record.type = cptInt;
+    record.intValue = value;
+    return cfgPropSet(ob, name, &record);
+}
+
+bool GetTextProp(void* ob, const char* name, std::string& out) {
+    cfgParamValue value = {};
+    if (!cfgPropGet(ob, name, &value) || value.type != cptText)
+        return false;
+    if (value.text && value.length > 0)
+        out.assign(value.text, strnlen(value.text, size_t(value.length)));
+    else
+        out.clear();
+    return true;
+}
+
+bool SetTextProp(void* ob, const char* name, const QByteArray& bytes) {
+    cfgParamValue value = {};
+    value.type = cptText;
+    value.length = bytes.size();
+    value.text = const_cast<char*>(bytes.constData());
+    return cfgPropSet(ob, name, &value);
+}
+
 QString GetStrType(TCfgObjectType kind) {
     switch (kind) {
     case cotSource:

@@ -7,6 +7,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <string>
 
 // Results of GetQByteArrfromObProb and SetQByteArrToObProb.
 enum TBlobResult { blobOk = 0, blobNotText = 1, blobNoParam = 2, blobEmpty = 3, blobFailed = 4 };
@@ -20,6 +21,17 @@ bool IsFlg(void* ob);
 QString GetStrType(TCfgObjectType kind);
 // "tagSource", ... for the four tag kinds; empty for the rest.
 QString GetDefCaption(TCfgObjectType kind);
+
+// Reads an int parameter; false, with `out` untouched, when the read fails or
+// the value isn't an int.
+bool GetIntProp(void* ob, const char* name, int& out);
+bool SetIntProp(void* ob, const char* name, int value);
+// Reads a text parameter into `out`; false when the read fails or the value
+// isn't a text.
+bool GetTextProp(void* ob, const char* name, std::string& out);
+// Writes the bytes as a text parameter by name, the length without a
+// terminating zero. Returns the host's result.
+bool SetTextProp(void* ob, const char* name, const QByteArray& bytes);
 
 // Reads a parameter by name and renders it; " " when the read fails.
 QString GetPropStrVal(void* ob, const QString& name);

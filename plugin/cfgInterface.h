@@ -77,54 +77,75 @@ static_assert(offsetof(cfgParamInfo, enumText) == 35, "cfgParamInfo layout");
 static_assert(offsetof(cfgParamInfo, rangeText) == 47, "cfgParamInfo layout");
 static_assert(sizeof(cfgParamInfo) == 55, "cfgParamInfo is 55 bytes");
 
-// Positions in the table. Slots 6, 13 and 21 to 26 exist but are not used.
-enum TCfgSlot : int {
-    slotObType = 0,
-    slotObOwner = 1,
-    slotObChildCount = 2,
-    slotObChild = 3,
-    slotObChildList = 4,
-    slotObFreeNumber = 5,
-    slotObClassText = 7,
-    slotPropInfo = 8,
-    slotPropInfoAt = 9,
-    slotPropCount = 10,
-    slotPropName = 11,
-    slotPropIndex = 12,
-    slotObCreate = 14,
-    slotObDelete = 15,
-    slotPropGet = 16,
-    slotPropGetAt = 17,
-    slotPropSet = 18,
-    slotPropSetAt = 19,
-    slotObCheck = 20,
-    slotObAllCount = 27,
-    cfgSlotCount = 28
-};
+// The table of services, one entry a slot in the order of the table: name,
+// result, failure result, parameters and argument names. An unused slot
+// holds its place. The list makes the slot positions, the signatures and
+// the plug-in's wrappers (plugin/cfgCalls.h); the failure result is what a
+// wrapper gives when the table or the slot is empty.
+#define CFG_HOST_SLOTS(SLOT, UNUSED)                                                               \
+    SLOT(ObType, int, -1, (void* ob), (ob))                                                        \
+    SLOT(ObOwner, void*, nullptr, (void* ob), (ob))                                                \
+    SLOT(ObChildCount, int, 0, (void* ob, int kind), (ob, kind))                                   \
+    SLOT(ObChild, void*, nullptr, (void* ob, int kind, int index), (ob, kind, index))              \
+    SLOT(ObChildList, int, 0, (void* ob, int kind, void** list, int capacity),                     \
+         (ob, kind, list, capacity))                                                               \
+    SLOT(ObFreeNumber, int, -1, (void* parent, int kind), (parent, kind))                          \
+    UNUSED(6)                                                                                      \
+    SLOT(ObClassText, const char*, nullptr, (void* ob, const char* key), (ob, key))                \
+    SLOT(PropInfo, bool, false, (void* ob, const char* name, cfgParamInfo* info),                  \
+         (ob, name, info))                                                                         \
+    SLOT(PropInfoAt, bool, false, (void* ob, int index, cfgParamInfo* info), (ob, index, info))    \
+    SLOT(PropCount, int, 0, (void* ob), (ob))                                                      \
+    SLOT(PropName, const char*, nullptr, (void* ob, int index), (ob, index))                       \
+    SLOT(PropIndex, int, -1, (void* ob, const char* name), (ob, name))                             \
+    UNUSED(13)                                                                                     \
+    SLOT(ObCreate, void*, nullptr, (void* parent, int kind, int number, const char* moduleKey),    \
+         (parent, kind, number, moduleKey))                                                        \
+    SLOT(ObDelete, void, void(), (void* ob), (ob))                                                 \
+    SLOT(PropGet, bool, false, (void* ob, const char* name, cfgParamValue* value),                 \
+         (ob, name, value))                                                                        \
+    SLOT(PropGetAt, bool, false, (void* ob, int index, cfgParamValue* value), (ob, index, value))  \
+    SLOT(PropSet, bool, false, (void* ob, const char* name, const cfgParamValue* value),           \
+         (ob, name, value))                                                                        \
+    SLOT(PropSetAt, bool, false, (void* ob, int index, const cfgParamValue* value),                \
+         (ob, index, value))                                                                       \
+    SLOT(ObCheck, bool, false, (void* ob), (ob))                                                   \
+    UNUSED(21)                                                                                     \
+    UNUSED(22)                                                                                     \
+    UNUSED(23)                                                                                     \
+    UNUSED(24)                                                                                     \
+    UNUSED(25)                                                                                     \
+    UNUSED(26)                                                                                     \
+    SLOT(ObAllCount, int, 0, (void* ob, int kind), (ob, kind))
+
+// Positions in the table: slotObType, slotObOwner, ...
+#define CFG_SLOT_POSITION(name, result, failure, params, args) slot##name,
+#define CFG_UNUSED_POSITION(position) slotUnused##position,
+enum TCfgSlot : int { CFG_HOST_SLOTS(CFG_SLOT_POSITION, CFG_UNUSED_POSITION) cfgSlotCount };
+#undef CFG_SLOT_POSITION
+#undef CFG_UNUSED_POSITION
 
 // One entry of the table, to be cast to the signature of its slot.
 using TCfgSlotFn = void (*)();
 
-// The signatures of the slots, C calling convention.
+// The signatures of the slots, C calling convention: TcfgObType, ...
+#define CFG_SLOT_SIGNATURE(name, result, failure, params, args) typedef result(*Tcfg##name) params;
+#define CFG_UNUSED_SIGNATURE(position)
 extern "C" {
-typedef int (*TcfgObType)(void* ob);
-typedef void* (*TcfgObOwner)(void* ob);
-typedef int (*TcfgObChildCount)(void* ob, int kind);
-typedef void* (*TcfgObChild)(void* ob, int kind, int index);
-typedef int (*TcfgObChildList)(void* ob, int kind, void** list, int capacity);
-typedef int (*TcfgObFreeNumber)(void* parent, int kind);
-typedef const char* (*TcfgObClassText)(void* ob, const char* key);
-typedef bool (*TcfgPropInfo)(void* ob, const char* name, cfgParamInfo* info);
-typedef bool (*TcfgPropInfoAt)(void* ob, int index, cfgParamInfo* info);
-typedef int (*TcfgPropCount)(void* ob);
-typedef const char* (*TcfgPropName)(void* ob, int index);
-typedef int (*TcfgPropIndex)(void* ob, const char* name);
-typedef void* (*TcfgObCreate)(void* parent, int kind, int number, const char* moduleKey);
-typedef void (*TcfgObDelete)(void* ob);
-typedef bool (*TcfgPropGet)(void* ob, const char* name, cfgParamValue* value);
-typedef bool (*TcfgPropGetAt)(void* ob, int index, cfgParamValue* value);
-typedef bool (*TcfgPropSet)(void* ob, const char* name, const cfgParamValue* value);
-typedef bool (*TcfgPropSetAt)(void* ob, int index, const cfgParamValue* value);
-typedef bool (*TcfgObCheck)(void* ob);
-typedef int (*TcfgObAllCount)(void* ob, int kind);
+CFG_HOST_SLOTS(CFG_SLOT_SIGNATURE, CFG_UNUSED_SIGNATURE)
 }
+#undef CFG_SLOT_SIGNATURE
+#undef CFG_UNUSED_SIGNATURE
+
+// The host's layout: every slot's byte offset in the table.
+static_assert(sizeof(TCfgSlotFn) == 8 && cfgSlotCount == 28, "28 slots of 8 bytes");
+static_assert(slotObType * 8 == 0 && slotObOwner * 8 == 8 && slotObChildCount * 8 == 16, "slots");
+static_assert(slotObChild * 8 == 24 && slotObChildList * 8 == 32, "slots");
+static_assert(slotObFreeNumber * 8 == 40 && slotObClassText * 8 == 56, "slots");
+static_assert(slotPropInfo * 8 == 64 && slotPropInfoAt * 8 == 72, "slots");
+static_assert(slotPropCount * 8 == 80 && slotPropName * 8 == 88 && slotPropIndex * 8 == 96,
+              "slots");
+static_assert(slotObCreate * 8 == 112 && slotObDelete * 8 == 120, "slots");
+static_assert(slotPropGet * 8 == 128 && slotPropGetAt * 8 == 136, "slots");
+static_assert(slotPropSet * 8 == 144 && slotPropSetAt * 8 == 152, "slots");
+static_assert(slotObCheck * 8 == 160 && slotObAllCount * 8 == 216, "slots");

@@ -10,12 +10,6 @@ QString GetRusQStr(const char* text) {
     return QString::fromUtf8(text);
 }
 
-char* QStr2Char(const QString& text, char* buffer) {
-    if (buffer)
-        std::strcpy(buffer, text.toLocal8Bit().constData());
-    return buffer;
-}
-
 int Str2Int(const std::string& text) {
     return static_cast<int>(std::strtol(text.c_str(), nullptr, 10));
 }

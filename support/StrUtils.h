@@ -7,9 +7,12 @@
 
 // The C string decoded as UTF-8.
 QString GetRusQStr(const char* text);
-// The QString in the local 8-bit encoding copied into buffer (sized by the
-// caller); returns buffer.
-char* QStr2Char(const QString& text, char* buffer);
+// The QString in the local 8-bit encoding copied into the array buffer, cut
+// to fit and always ended by a zero; returns buffer.
+template <size_t N> char* QStr2Char(const QString& text, char (&buffer)[N]) {
+    qstrncpy(buffer, text.toLocal8Bit().constData(), N);
+    return buffer;
+}
 
 // strtol base 10: leading blanks and a sign taken, stops at the first other
 // character; 0 for an empty text.

@@ -74,7 +74,6 @@ void AddDataSetPairs(DcLD* ld, int first, int last) {
 DcNextTransferSet* MakeNextSet(DcLD* ld) {
     auto next = new DcNextTransferSet(ld);
     next->name = "Next_DSTransfer_Set";
-    next->ObType = 53;
     next->InitVar();
     ld->NextSet = next;
     ld->NextSets.AddObject(next->name, next);
@@ -83,7 +82,6 @@ DcNextTransferSet* MakeNextSet(DcLD* ld) {
 
 myNode* BornICCWithSets(int number) {
     auto ld = new DcLD(pVCC);
-    ld->ObType = 6;
     ld->name = "ICC_" + Int2Str(number);
     pVCC->ICCs.AddObject(ld->name, ld, true);
     auto node = new myNode(ld->name, ld);

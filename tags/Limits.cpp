@@ -5,7 +5,7 @@
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
 #include "plugin/CfgIecArvenlib.h"
-#include "plugin/cfgCalls.h"
+#include "plugin/HostWall.h"
 #include "support/myNode.h"
 #include "tags/ConsistencyPass.h"
 #include "views/SomeModelsIED.h"
@@ -44,12 +44,8 @@ void CfgArvenSR::UpdLimitProp(void* ob, const char* key, const QString& newText,
     if (!newOk || !oldOk || newValue == (icc ? ICCdata.maxICC : ICCdata.maxDS))
         return;
     const bool done = icc ? ChangemaxICC(newValue, oldValue) : ChangemaxDS(newValue, oldValue);
-    if (!done) {
-        cfgParamValue value = {};
-        value.type = cptInt;
-        value.intValue = oldValue;
-        cfgPropSet(ob, key, &value);
-    }
+    if (!done)
+        SetIntProp(ob, key, oldValue);
     // The whole form follows the unit again.
     if (QListWidgetItem* item = lW_ieds->currentItem())
         emit lW_ieds->itemClicked(item);
@@ -77,8 +73,8 @@ void CfgArvenSR::CreateICC(int number) {
 }
 
 myNodeValue* NewNode4SBO(void* tag, std::string name) {
-    cfgParamValue value = {};
-    if (!cfgPropGet(tag, "presentSBO", &value) || value.type != cptInt || value.intValue < 1)
+    int sbo = 0;
+    if (!GetIntProp(tag, "presentSBO", sbo) || sbo < 1)
         return nullptr;
     return new myNodeValue(name + "_SBO", tag);
 }

@@ -41,32 +41,6 @@ std::string DefaultTagName(int typeIndex) {
 
 } // namespace
 
-bool GetIntProp(void* ob, const char* name, int& out) {
-    cfgParamValue value = {};
-    if (!cfgPropGet(ob, name, &value) || value.type != cptInt)
-        return false;
-    out = value.intValue;
-    return true;
-}
-
-bool SetIntProp(void* ob, const char* name, int value) {
-    cfgParamValue record = {};
-    record.type = cptInt;
-    record.intValue = value;
-    return cfgPropSet(ob, name, &record);
-}
-
-bool GetTextProp(void* ob, const char* name, std::string& out) {
-    cfgParamValue value = {};
-    if (!cfgPropGet(ob, name, &value) || value.type != cptText)
-        return false;
-    if (value.text && value.length > 0)
-        out.assign(value.text, strnlen(value.text, size_t(value.length)));
-    else
-        out.clear();
-    return true;
-}
-
 DcICCPBase* DomainContainer(int domain) {
     if (!pVCC)
         return nullptr;
@@ -211,11 +185,7 @@ void CfgArvenSR::FreeTag(std::string key) {
     if (i < 0)
         return;
     if (void* tag = pListTag->Objects(i)) {
-        cfgParamValue empty = {};
-        empty.type = cptText;
-        empty.length = 0;
-        empty.text = const_cast<char*>("");
-        cfgPropSet(tag, "tag_id", &empty);
+        SetTextProp(tag, "tag_id", QByteArray());
         SetIntProp(tag, "tag_type", 0);
     }
     pListTag->Delete(i);
@@ -323,7 +293,7 @@ void CfgArvenSR::OnCreateVarICCP() {
     }
     if (selected.isEmpty())
         return;
-    GetVarFrm* dialog = NeedGetVarFrm();
+    GetVarFrm* dialog = NeedGetVarFrm(this);
     dialog->ui.sBCount->setValue(selected.size());
     Prepare4AddVar(free);
     for (;;) {

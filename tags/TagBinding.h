@@ -24,14 +24,6 @@ struct TagData {
 // The object of a row: role 256 of the index as a pointer.
 void* RowObject(const QModelIndex& index);
 
-// Reads an int parameter; false, with `out` untouched, when the read fails or
-// the value isn't an int.
-bool GetIntProp(void* ob, const char* name, int& out);
-bool SetIntProp(void* ob, const char* name, int value);
-// Reads a text parameter into `out`; false when the read fails or the value
-// isn't a text.
-bool GetTextProp(void* ob, const char* name, std::string& out);
-
 // The tag's fields. A tag without a base name gets its type's default name,
 // written to the host for good.
 TagData GetTagData(void* tag);

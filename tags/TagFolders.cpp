@@ -1,6 +1,8 @@
 #include "tags/TagFolders.h"
 
 #include "editing/Deleting.h"
+// A tag's "domain", "isinDataSet" and "tag_type" are edited on the tag's
+// properties, and that road drives the moves of the variables by design.
 #include "editing/MoveVars.h"
 #include "form/CfgIecArven.h"
 #include "model/ICCPTypes_Nat.h"
@@ -74,7 +76,7 @@ void* CreateOrTakeFlg4DS(void* parent, TCfgObjectType kind, QString& name) {
 void* GetFolger(void* unit, TCfgObjectType mode) {
     if (mode < cotSource || mode > cotControlPass)
         return nullptr;
-    const int kind = mode + 8;
+    const int kind = mode + cotFolderSource;
     if (cfgObChildCount(unit, kind) > 0)
         return cfgObChild(unit, kind, 0);
     return cfgObCreate(unit, kind, cfgObFreeNumber(unit, kind), "Arven");
@@ -129,7 +131,7 @@ void Changetag_caption(QString, QString, void* tag) {
 }
 
 void CfgArvenSR::OnCreateFolg() {
-    const int folderKind = TagMode + 8;
+    const int folderKind = TagMode + cotFolderSource;
     void* parent = nullptr;
     const QModelIndex current = tVTags->currentIndex();
     if (current.isValid()) {
@@ -180,12 +182,12 @@ void CfgArvenSR::OnCreateTagInFld() {
         Inform(this, "Предупреждение", "Уже существует тег с данным tag_td");
         return;
     }
-    const int folderKind = TagMode + 8;
+    const int folderKind = TagMode + cotFolderSource;
     void* parent = nullptr;
     QModelIndex parentIndex = tVTags->currentIndex();
     if (parentIndex.isValid()) {
         parent = RowObject(parentIndex);
-        if (cfgObType(parent) <= 7) {
+        if (!IsFlg(parent)) {
             parent = cfgObOwner(parent);
             parentIndex = parentIndex.parent();
         }
@@ -204,7 +206,7 @@ void CfgArvenSR::OnCreateTagInFld() {
             std::vector<void*> all(size_t(count), nullptr);
             const int stored = cfgObChildList(unit, TagMode, all.data(), count);
             for (int i = 0; i < stored && i < count && !parent; ++i)
-                if (cfgObType(all[size_t(i)]) > 7)
+                if (IsFlg(all[size_t(i)]))
                     parent = all[size_t(i)];
         }
     }
@@ -269,7 +271,7 @@ void CfgArvenSR::DelFromtVTags() {
 
 void CfgArvenSR::DeleteTagOrFolder(void* ob) {
     const int kind = cfgObType(ob);
-    if (kind < 4) {
+    if (kind <= cotControlPass) {
         DeleteVarFromtIED(ob);
         return;
     }
@@ -280,11 +282,11 @@ void CfgArvenSR::DeleteTagOrFolder(void* ob) {
     QuietView quiet(tVIed, true);
     // The host deletes the tags and sub-folders with the folder; only their
     // variables go by hand.
-    for (void* tag : GetChildren(ob, kind - 8))
-        if (cfgObType(tag) < 4)
+    for (void* tag : GetChildren(ob, kind - cotFolderSource))
+        if (IsTag(tag))
             DeleteVarFromtIED(tag);
     for (void* folder : GetChildren(ob, kind))
-        if (cfgObType(folder) > 3)
+        if (!IsTag(folder))
             DeleteTagOrFolder(folder);
 }
 
@@ -338,7 +340,7 @@ void CfgArvenSR::DeleteFromtVTags() {
         pTagsModel->beginResetModel();
     for (const QModelIndex& index : selected) {
         void* ob = RowObject(index);
-        if (cfgObType(ob) < 8)
+        if (!IsFlg(ob))
             DeleteFromTag(ob);
         else
             DeleteFromTagFolder(ob);
@@ -350,7 +352,7 @@ void CfgArvenSR::DeleteFromtVTags() {
 }
 
 void CfgArvenSR::DeleteFromTagFolder(void* folder) {
-    const int folderKind = TagMode + 8;
+    const int folderKind = TagMode + cotFolderSource;
     for (void* child : GetChildren(folder, folderKind)) {
         const int kind = cfgObType(child);
         if (kind == folderKind)

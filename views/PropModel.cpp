@@ -218,5 +218,7 @@ bool Model4AddFrm::setData(const QModelIndex&, const QVariant&, int) {
 }
 
 Qt::ItemFlags Model4AddFrm::flags(const QModelIndex& index) const {
+    // PropICCPModel::flags is skipped on purpose: its names and values are
+    // editable, the members of a type to choose are not.
     return QAbstractItemModel::flags(index);
 }

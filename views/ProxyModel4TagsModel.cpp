@@ -14,10 +14,9 @@ void* RowObject(const QAbstractItemModel* model, const QModelIndex& index) {
 
 // "number" of an object when it is an int, else 0.
 int NumberOf(void* ob) {
-    cfgParamValue number = {};
-    if (!cfgPropGet(ob, "number", &number) || number.type != cptInt)
-        return 0;
-    return number.intValue;
+    int number = 0;
+    GetIntProp(ob, "number", number);
+    return number;
 }
 
 } // namespace

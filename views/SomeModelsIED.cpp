@@ -7,11 +7,9 @@
 #include <QMimeData>
 #include <QPersistentModelIndex>
 #include <algorithm>
-#include <cstdlib>
-#include <cstring>
 
 #include "model/ICCPTypes_Nat.h"
-#include "plugin/cfgCalls.h"
+#include "plugin/HostWall.h"
 #include "support/StrUtils.h"
 #include "support/myNode.h"
 
@@ -225,10 +223,9 @@ myNode* IEDTreeModel::nodeFromIndex(const QModelIndex& index) const {
 }
 
 QModelIndex IEDTreeModel::index(int row, int column, const QModelIndex& parent) const {
-    myNode* node = nodeFromIndex(parent);
-    if (!node)
-        return createIndex(row, column, rootNode);
-    myNode* child = column < 0 ? nullptr : childAt(node, row);
+    if (!hasIndex(row, column, parent))
+        return QModelIndex();
+    myNode* child = childAt(nodeFromIndex(parent), row);
     return child ? createIndex(row, column, child) : QModelIndex();
 }
 
@@ -310,6 +307,9 @@ QVariant IEDTreeModel::data(const QModelIndex& index, int role) const {
             return ImageByKey("DA_10");
         if (qobject_cast<DcLD*>(object))
             return ImageByKey("LDico");
+        // No class is named "DcDS" (a data set is "DcDataSet"), so data sets
+        // stay without an icon, as the tree has always shown them; naming
+        // "DcDataSet" here would change the tree.
         if (object->ClassName() == "DcDS")
             return ImageByKey("DS_10");
         return QVariant();
@@ -335,18 +335,8 @@ bool IEDTreeModel::setData(const QModelIndex& index, const QVariant& value, int 
     }
     object->desc = text.toLocal8Bit().toStdString();
     // Objects other than variables carry the caption of their tag as well.
-    if (object->BoundTag) {
-        const QByteArray bytes = text.toUtf8();
-        cfgParamValue caption;
-        caption.type = cptText;
-        caption.length = bytes.size();
-        caption.text = static_cast<char*>(calloc(size_t(bytes.size()) + 1, 1));
-        if (caption.text) {
-            memcpy(caption.text, bytes.constData(), size_t(bytes.size()));
-            cfgPropSet(object->BoundTag, "caption", &caption);
-            free(caption.text);
-        }
-    }
+    if (object->BoundTag)
+        SetTextProp(object->BoundTag, "caption", text.toUtf8());
     return true;
 }
 

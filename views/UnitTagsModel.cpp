@@ -209,10 +209,7 @@ void* UnitTagsModel::CreateTag(DcICCPBase* var, void* parent, int kind, const QS
     void* tag = cfgObCreate(parent, kind, number, "IecArven");
     if (tag) {
         SetStr2PropOb(tag, "tag_id", key);
-        cfgParamValue type = {};
-        type.type = cptInt;
-        type.intValue = TagTypeOf(var);
-        cfgPropSet(tag, "tag_type", &type);
+        SetIntProp(tag, "tag_type", TagTypeOf(var));
     }
     endInsertRows();
     return tag;

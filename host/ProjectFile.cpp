@@ -210,7 +210,7 @@ private:
         QVector<QString> names;
         names.reserve(own.size());
         for (const HostParam& p : own)
-            names.append(QString::fromUtf8(p.name));
+            names.append(QString::fromUtf8(p.name.constData(), p.name.size()));
         bool first = true;
         for (int i = 0; i < own.size(); ++i) {
             const HostParam& p = own[i];

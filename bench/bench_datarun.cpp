@@ -1,8 +1,10 @@
 // The opening and the close of the form on a unit whose "$DATARUN" holds a
 // large text: a model of many variables, or bytes that are no XML at all.
-// The opening rebuilds the model from the template and the tags, so its time
-// must not grow with the stored text. The text is put back before each run,
-// outside the measured time, since the close writes the model over it.
+// The opening rebuilds the model from the template and the tags; the text is
+// read once, as the value of the unit's property row, which renders it up to
+// its first zero byte: time linear in that length. The text is put back
+// before each run, outside the measured time, since the close writes the
+// model over it.
 // The stand-in host's project file carries the same text: its writing and
 // reading back are measured as well.
 #include "BenchUnit.h"

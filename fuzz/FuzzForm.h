@@ -8,9 +8,16 @@
 #include "common/TestApp.h"
 #include "plugin/CfgIecArvenlib.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTextCodec>
+
+// What the views left for deletion later goes, as the host's main loop
+// would delete it once the form has returned: here no loop runs.
+inline void HostLoopTurn() {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
 
 inline void* OpenAndClose(SmallProject& p) {
     static QTemporaryDir* dir = (EnsureApp(), new QTemporaryDir);
@@ -22,5 +29,7 @@ inline void* OpenAndClose(SmallProject& p) {
             w->inherits("CfgArvenSR") ? void(w->close()) : dialog->reject();
         return true;
     });
-    return CfgFormGet(p.table(), p.line, p.unit, nullptr);
+    void* form = CfgFormGet(p.table(), p.line, p.unit, nullptr);
+    HostLoopTurn();
+    return form;
 }

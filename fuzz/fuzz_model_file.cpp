@@ -26,5 +26,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         delete templ;
     needemit = true;
     FCfgArvenSR->TekVCC2XMLList();
+    HostLoopTurn();
     return 0;
 }

@@ -373,8 +373,16 @@ private:
             m_project.create(parent, kind, number, module.toString("cfghost").toUtf8());
         if (!ob)
             return fail(where(), QString("a %1 can't stand here").arg(QString(KindName(kind))));
+        // In the order of the names as read: QJsonObject keeps its keys in
+        // the order of their stored bytes, in which a leading byte-order
+        // mark still stands, so a name would move once written and read back.
+        QVector<QPair<QString, QJsonValue>> named;
         for (auto it = values.begin(); it != values.end(); ++it)
-            if (!readParam(ob, it.key(), it.value()))
+            named.append({it.key(), it.value()});
+        std::stable_sort(named.begin(), named.end(),
+                         [](const auto& a, const auto& b) { return a.first < b.first; });
+        for (const auto& param : named)
+            if (!readParam(ob, param.first, param.second))
                 return false;
         const QJsonArray list = children.toArray();
         for (int i = 0; i < list.size(); ++i)

@@ -373,12 +373,17 @@ private:
             m_project.create(parent, kind, number, module.toString("cfghost").toUtf8());
         if (!ob)
             return fail(where(), QString("a %1 can't stand here").arg(QString(KindName(kind))));
-        // In the order of the names as read: QJsonObject keeps its keys in
-        // the order of their stored bytes, in which a leading byte-order
-        // mark still stands, so a name would move once written and read back.
+        // A key loses one leading byte-order mark each time Qt reads it, and
+        // QJsonObject orders its keys by their bytes with the mark: the names
+        // are taken without any leading mark and in their own order, so that
+        // a parameter keeps its name and place when written and read back.
         QVector<QPair<QString, QJsonValue>> named;
-        for (auto it = values.begin(); it != values.end(); ++it)
-            named.append({it.key(), it.value()});
+        for (auto it = values.begin(); it != values.end(); ++it) {
+            QString name = it.key();
+            while (name.startsWith(QChar(0xFEFF)))
+                name.remove(0, 1);
+            named.append({name, it.value()});
+        }
         std::stable_sort(named.begin(), named.end(),
                          [](const auto& a, const auto& b) { return a.first < b.first; });
         for (const auto& param : named)

@@ -301,7 +301,8 @@ QVariant PlainToVariant(const QJsonValue& v) {
         return v.toBool();
     if (v.isDouble()) {
         const double d = v.toDouble();
-        if (d == double(qint64(d)))
+        // Only a number within qint64's range may be converted to it.
+        if (d >= -0x1p63 && d < 0x1p63 && d == double(qint64(d)))
             return qint64(d);
         return d;
     }

@@ -1,7 +1,8 @@
 # The project's two commands are `make demo` and `make test`; the rest are
 # their parts.
 JOBS ?= $(shell nproc)
-FUZZ_SECONDS ?= 60
+FUZZ_SECONDS ?= 600
+FUZZ_SHORT_SECONDS ?= 20
 MUTANTS ?= 200
 SEED ?= 1
 CMAKE_FLAGS ?=
@@ -83,10 +84,10 @@ fuzz-build: deps
 	cmake --build build-fuzz -j $(JOBS)
 
 fuzz: fuzz-build
-	scripts/run-fuzz build-fuzz 0
+	scripts/run-fuzz build-fuzz $(FUZZ_SECONDS)
 
 fuzz-short: fuzz-build
-	scripts/run-fuzz build-fuzz $(FUZZ_SECONDS)
+	scripts/run-fuzz build-fuzz $(FUZZ_SHORT_SECONDS)
 
 format: deps
 	find plugin model form tags editing views dialogs support host app tests bench fuzz \

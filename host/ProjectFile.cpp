@@ -210,7 +210,7 @@ private:
         QVector<QString> names;
         names.reserve(own.size());
         for (const HostParam& p : own)
-            names.append(QString::fromUtf8(p.name));
+            names.append(QString::fromUtf8(p.name.constData(), p.name.size()));
         bool first = true;
         for (int i = 0; i < own.size(); ++i) {
             const HostParam& p = own[i];
@@ -301,7 +301,8 @@ QVariant PlainToVariant(const QJsonValue& v) {
         return v.toBool();
     if (v.isDouble()) {
         const double d = v.toDouble();
-        if (d == double(qint64(d)))
+        // Only a number within qint64's range may be converted to it.
+        if (d >= -0x1p63 && d < 0x1p63 && d == double(qint64(d)))
             return qint64(d);
         return d;
     }
@@ -373,8 +374,21 @@ private:
             m_project.create(parent, kind, number, module.toString("cfghost").toUtf8());
         if (!ob)
             return fail(where(), QString("a %1 can't stand here").arg(QString(KindName(kind))));
-        for (auto it = values.begin(); it != values.end(); ++it)
-            if (!readParam(ob, it.key(), it.value()))
+        // A key loses one leading byte-order mark each time Qt reads it, and
+        // QJsonObject orders its keys by their bytes with the mark: the names
+        // are taken without any leading mark and in their own order, so that
+        // a parameter keeps its name and place when written and read back.
+        QVector<QPair<QString, QJsonValue>> named;
+        for (auto it = values.begin(); it != values.end(); ++it) {
+            QString name = it.key();
+            while (name.startsWith(QChar(0xFEFF)))
+                name.remove(0, 1);
+            named.append({name, it.value()});
+        }
+        std::stable_sort(named.begin(), named.end(),
+                         [](const auto& a, const auto& b) { return a.first < b.first; });
+        for (const auto& param : named)
+            if (!readParam(ob, param.first, param.second))
                 return false;
         const QJsonArray list = children.toArray();
         for (int i = 0; i < list.size(); ++i)

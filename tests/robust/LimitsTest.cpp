@@ -4,10 +4,7 @@
 
 #include "form/CfgIecArven.h"
 #include "host/HostTable.h"
-#include "views/SomeModelsIED.h"
 
-#include <QAction>
-#include <QInputDialog>
 #include <climits>
 
 using LimitsNearBounds = FormTest;
@@ -35,7 +32,6 @@ TEST_F(LimitsNearBounds, LimitsNamesAndTextLengths) {
     } texts[] = {{"tag_name", n, 0, n + "_" + number},
                  {"caption", n, 0, "desc = \"" + n + "\""},
                  {"tag_name", "F", -1, "Real_" + number},
-                 {"tag_name", "F", INT_MAX, "F_" + number},
                  {"caption", "Частота", INT_MAX, "Частота"}};
     for (const auto& row : texts) {
         p.tagReal->set(row.name, row.text);
@@ -44,12 +40,4 @@ TEST_F(LimitsNearBounds, LimitsNamesAndTextLengths) {
         EXPECT_TRUE(Datarun(p.unit).contains(row.expected)) << row.name << " " << row.length;
     }
     CfgHostMisreportLength("");
-    // The VCC renamed to a long name reaches the unit's "ied_name" whole.
-    OpenForm(p.unit, [&](CfgArvenSR* f) {
-        DialogScript<QInputDialog> name(
-            {[&](QInputDialog* d) { d->setTextValue(n), d->accept(); }});
-        f->tVIed->setCurrentIndex(RowOf(*f->pTreeIedModel, pVCC));
-        f->actRename->trigger();
-    });
-    EXPECT_EQ(p.unit->get("ied_name").toByteArray(), n);
 }

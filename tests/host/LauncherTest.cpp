@@ -2,6 +2,7 @@
 #include "common/SmallProject.h"
 #include "common/TempFiles.h"
 #include "common/TestApp.h"
+#include "host/DemoProject.h"
 #include "host/ProjectFile.h"
 
 #include <QImage>
@@ -51,7 +52,18 @@ TEST(Launcher, OptionsAndRefusals) {
     const QString unsavable = dir.filePath(QString(250, 'u') + ".json");
     ASSERT_TRUE(SaveProject(p.host, unsavable));
     WriteFile(at("text.png"), "not a picture");
-    const ino_t checked = Inode(at("check.json")), small = Inode(at("small.json"));
+    // Two model files, and the demo closed once: its stored $DATARUN is what the form writes.
+    const QByteArray types = "<DcTemplate><DcDAType idtype=\"1\" type=\"INT16\" size=\"2\" "
+                             "value=\"0\"/></DcTemplate>";
+    const QByteArray vcc = "<DcTree><DcVCC name=\"VCC_1\"><DcDA name=\"B\" type=\"INT16\"/>";
+    WriteFile(at("a.blt"), vcc + "</DcVCC>" + types + "</DcTree>");
+    WriteFile(at("b.xml"), vcc + "<DcDA name=\"D\" type=\"INT16\"/></DcVCC>" + types + "</DcTree>");
+    HostProject demo;
+    BuildDemoProject(demo);
+    ASSERT_TRUE(SaveProject(demo, at("demo.json")));
+    ASSERT_EQ(Launch({at("demo.json"), "--headless"}).status, 0);
+    const ino_t checked = Inode(at("check.json")), small = Inode(at("small.json")),
+                demoSaved = Inode(at("demo.json"));
     const QString timing = "iccp-host: timing load \\d+\\.\\d{3} s, open \\d+\\.\\d{3} s, close "
                            "\\d+\\.\\d{3} s, save \\d+\\.\\d{3} s, teardown \\d+\\.\\d{3} s, total "
                            "\\d+\\.\\d{3} s, peak RSS [1-9]\\d* KiB\\n";
@@ -99,6 +111,20 @@ TEST(Launcher, OptionsAndRefusals) {
          "^Сервер 1: Ключ_4: the tag's key \"Nothing\" names nothing in the model\\n\\z"},
         {{at("clean.json"), "--check"}, 0, "", "^\\z"},
         {{at("clean.json"), "--check", "--unit", "1"}, 2, "no current unit", ""},
+        {{"--diff", at("a.blt"), at("a.blt")}, 0, "", "^\\z"},
+        {{"--diff", at("a.blt"), at("b.xml")}, 1, "", "^\\+ D: переменная INT16\\n\\z"},
+        {{"--diff", at("a.blt"), at("none.blt")}, 2, "none\\.blt: Ошибка чтения файла", "^\\z"},
+        {{"--diff", at("a.blt"), at("b.xml"), at("demo.json")}, 2, "takes no project", ""},
+        {{"--lint", "--diff"}, 2, "one at a time", ""},
+        {{"--lint", "--pdu", "0"}, 2, "--pdu takes a number", ""},
+        {{"--diff"}, 2, "no stored \\$DATARUN", ""},
+        {{at("demo.json"), "--diff"}, 0, "", "^\\z"},
+        {{at("demo.json"), "--diff", at("a.blt")}, 1, "", "^- B: переменная INT16\\n"},
+        {{at("demo.json"), "--lint"}, 0, "lint: 0 error\\(s\\), 0 warning\\(s\\)", "^\\z"},
+        {{at("demo.json"), "--lint", "--pdu", "85"},
+         1,
+         "",
+         "^error: DataSet_1: pdu-size: размер набора данных 86 байт больше PDU в 85 байт\\n"},
     };
     for (const auto& r : rows) {
         const HostRun run = Launch(r.args);
@@ -109,6 +135,7 @@ TEST(Launcher, OptionsAndRefusals) {
     }
     EXPECT_EQ(Inode(at("check.json")), checked); // a check leaves the file
     EXPECT_EQ(Inode(at("small.json")), small);
+    EXPECT_EQ(Inode(at("demo.json")), demoSaved); // lint and diff leave the project file
 
     // A headless run saves the project anew and prints the blob it wrote.
     const ino_t before = Inode(at("small.json"));

@@ -83,33 +83,22 @@ bool WantsSBOTwin(void* tag) {
     return cfgPropGet(tag, "presentSBO", &value) && value.intValue > 0;
 }
 
-} // namespace
-
-DcICCPBase* CfgArvenSR::CreateNewVarSimple(void* tag, int& isDO, int) {
-    if (!pVCC || !pDcDTTP)
+// The owner a tag's domain names: the VCC for 0, else that ICC; null, after
+// telling, for a domain out of range.
+DcICCPBase* DomainOwner(CfgArvenSR* form, int domain) {
+    if (domain == 0)
+        return pVCC;
+    if (domain < 0 || domain > pVCC->ICCs.Count) {
+        QMessageBox::information(form, "", "Недопустимое значение ICC");
         return nullptr;
-    const TagData data = GetTagData(tag);
-
-    DcICCPBase* owner = pVCC;
-    if (data.domain != 0) {
-        if (data.domain < 0 || data.domain > pVCC->ICCs.Count) {
-            QMessageBox::information(this, "", "Недопустимое значение ICC");
-            return nullptr;
-        }
-        owner = ListOb(pVCC->ICCs, data.domain - 1);
     }
-    StringList* vars = VarsOf(owner);
-    if (!vars)
-        return nullptr;
+    return ListOb(pVCC->ICCs, domain - 1);
+}
 
-    // The list is put in idtype order once per load, not here.
-    const QList<DcICCPBase*>& types = pDcDTTP->TypeList;
-    if (data.tag_type < 0 || data.tag_type >= types.size())
-        return nullptr;
-    DcICCPBase* templ = types.at(data.tag_type);
-    if (!templ)
-        return nullptr;
-
+// The variable of the tag, and its select-before-operate twin, added to the
+// owner's list; for a template of neither kind the template itself.
+DcICCPBase* MakeVariable(void* tag, const TagData& data, DcICCPBase* templ, DcICCPBase* owner,
+                         StringList* vars, int& isDO) {
     const QString cls = templ->ClassName();
     const std::string base = data.tag_name.empty() ? GetDefFromType(templ) : data.tag_name;
     const std::string name = base + "_" + std::to_string(data.number);
@@ -132,31 +121,59 @@ DcICCPBase* CfgArvenSR::CreateNewVarSimple(void* tag, int& isDO, int) {
     AddVariable(vars, name, var);
     if (twin)
         AddVariable(vars, twin->name, twin);
+    return var;
+}
 
-    const int number = data.isinDataSet;
-    if (number < 1)
-        return var;
-    DcDataSet* dataSet = nullptr;
+// The data set a tag's number names in the owner: that one of an ICC, the
+// first one of the VCC whatever the number.
+DcDataSet* NumberedDataSet(DcICCPBase* owner, int number) {
     if (auto icc = qobject_cast<DcLD*>(owner)) {
         if (number > icc->DataSets.Count)
-            return var;
-        dataSet = qobject_cast<DcDataSet*>(ListOb(icc->DataSets, number - 1));
-    } else {
-        // In the VCC any number means its first data set.
-        dataSet = qobject_cast<DcDataSet*>(ListOb(pVCC->DataSets, 0));
+            return nullptr;
+        return qobject_cast<DcDataSet*>(ListOb(icc->DataSets, number - 1));
     }
+    return qobject_cast<DcDataSet*>(ListOb(pVCC->DataSets, 0));
+}
+
+// A new member of the data set shown in the content list gets its row there.
+void ShowNewMember(CfgArvenSR* form, DcDataSet* dataSet, DcICCPBase* var) {
+    QListWidgetItem* current = form->lWInfo->currentItem();
+    if (!current || current->data(Qt::UserRole).value<void*>() != dataSet)
+        return;
+    dataSet->FlushRefs();
+    auto item = new QListWidgetItem(
+        QString::fromStdString(dataSet->Elems.Strings(FindIdObjByPtr(var, &dataSet->Elems))));
+    item->setData(Qt::UserRole, QVariant::fromValue(static_cast<void*>(var)));
+    form->lWInfo_2->insertItem(0, item);
+}
+
+} // namespace
+
+DcICCPBase* CfgArvenSR::CreateNewVarSimple(void* tag, int& isDO, int) {
+    if (!pVCC || !pDcDTTP)
+        return nullptr;
+    const TagData data = GetTagData(tag);
+    DcICCPBase* owner = DomainOwner(this, data.domain);
+    StringList* vars = VarsOf(owner);
+    if (!vars)
+        return nullptr;
+
+    // The list is put in idtype order once per load, not here.
+    const QList<DcICCPBase*>& types = pDcDTTP->TypeList;
+    if (data.tag_type < 0 || data.tag_type >= types.size())
+        return nullptr;
+    DcICCPBase* templ = types.at(data.tag_type);
+    if (!templ)
+        return nullptr;
+    DcICCPBase* var = MakeVariable(tag, data, templ, owner, vars, isDO);
+    if (var == templ || data.isinDataSet < 1)
+        return var;
+
+    DcDataSet* dataSet = NumberedDataSet(owner, data.isinDataSet);
     if (!dataSet)
         return var;
     dataSet->AddObRef(var);
-
-    QListWidgetItem* current = lWInfo->currentItem();
-    if (current && current->data(Qt::UserRole).value<void*>() == dataSet) {
-        dataSet->FlushRefs();
-        auto item = new QListWidgetItem(
-            QString::fromStdString(dataSet->Elems.Strings(FindIdObjByPtr(var, &dataSet->Elems))));
-        item->setData(Qt::UserRole, QVariant::fromValue(static_cast<void*>(var)));
-        lWInfo_2->insertItem(0, item);
-    }
+    ShowNewMember(this, dataSet, var);
     return var;
 }
 

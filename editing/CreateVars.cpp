@@ -328,6 +328,41 @@ void* TargetTagFolder(CfgArvenSR* form, QModelIndex& parent) {
     return object;
 }
 
+// What the dialog asks for: the tags' name, how many, the owner's index and
+// the data set's number, and the type's index in the type list.
+struct TagRequest {
+    std::string name;
+    int quantity;
+    int where;
+    int dataSet;
+    int typeIndex;
+};
+
+// Creates the tags in the folder, appending them to `batch`; false, after
+// telling, when a variable's name is taken. The test takes the name and
+// number without "_", as it always has: distinct tag numbers are what keeps
+// the names apart.
+bool CreateTags(CfgArvenSR* form, void* folder, const TagRequest& request, StringList* names,
+                QList<void*>& batch) {
+    for (int i = 0; i < request.quantity; ++i) {
+        const int number = cfgObFreeNumber(folder, form->TagMode);
+        void* tag = cfgObCreate(folder, form->TagMode, number, "Arvons");
+        if (!tag)
+            continue;
+        if (!request.name.empty())
+            SetStr2PropOb(tag, "tag_name", QString::fromLocal8Bit(request.name.c_str()));
+        SetIntProp(tag, "tag_type", request.typeIndex);
+        SetIntProp(tag, "domain", request.where);
+        SetIntProp(tag, "isinDataSet", request.dataSet);
+        if (names->IndexOf(request.name + std::to_string(number)) >= 0) {
+            QMessageBox::information(form, "Ошибка", "Нарушена уникальность имен");
+            return false;
+        }
+        batch.append(tag);
+    }
+    return true;
+}
+
 } // namespace
 
 void CfgArvenSR::OnAddVar() {
@@ -340,11 +375,10 @@ void CfgArvenSR::OnAddVar() {
         if (dialog->exec() != QDialog::Accepted || !dialog->SelType)
             return;
         const std::string entered = dialog->ui.lEName->text().toLocal8Bit().toStdString();
-        const int quantity = dialog->ui.sBCount->value();
-        const int where = dialog->ui.cBWhere->currentIndex();
-        const int dataSet = dialog->ui.cBDataSet->currentIndex();
+        TagRequest request{entered, dialog->ui.sBCount->value(), dialog->ui.cBWhere->currentIndex(),
+                           dialog->ui.cBDataSet->currentIndex(), -1};
 
-        DcICCPBase* owner = where == 0 ? pVCC : ListOb(pVCC->ICCs, where - 1);
+        DcICCPBase* owner = request.where == 0 ? pVCC : ListOb(pVCC->ICCs, request.where - 1);
         StringList* names = VarsOf(owner);
         if (!names) {
             QMessageBox::information(this, "Ошибка", "Ошибка в определении источника");
@@ -353,42 +387,25 @@ void CfgArvenSR::OnAddVar() {
 
         QModelIndex parent;
         void* folder = TargetTagFolder(this, parent);
-        const int typeIndex = pDcDTTP->TypeList.indexOf(dialog->SelType);
-        if (typeIndex < 0)
+        request.typeIndex = pDcDTTP->TypeList.indexOf(dialog->SelType);
+        if (request.typeIndex < 0)
             return;
-        const std::string name = entered.empty() ? GetDefFromType(dialog->SelType) : entered;
+        if (entered.empty())
+            request.name = GetDefFromType(dialog->SelType);
 
         const int first = pTagsModel->rowCount(parent);
-        pTagsModel->beginInsertRows(parent, first, first + quantity - 1);
+        const int last = first + request.quantity - 1;
+        pTagsModel->beginInsertRows(parent, first, last);
         QList<void*> batch;
-        bool clash = false;
-        for (int i = 0; i < quantity && !clash; ++i) {
-            const int number = cfgObFreeNumber(folder, TagMode);
-            void* tag = cfgObCreate(folder, TagMode, number, "Arvons");
-            if (!tag)
-                continue;
-            if (!name.empty())
-                SetStr2PropOb(tag, "tag_name", QString::fromLocal8Bit(name.c_str()));
-            SetIntProp(tag, "tag_type", typeIndex);
-            SetIntProp(tag, "domain", where);
-            SetIntProp(tag, "isinDataSet", dataSet);
-            // The test takes the name and number without "_", as it always
-            // has: distinct tag numbers are what keeps the names apart.
-            if (names->IndexOf(name + std::to_string(number)) >= 0) {
-                QMessageBox::information(this, "Ошибка", "Нарушена уникальность имен");
-                clash = true;
-            } else {
-                batch.append(tag);
-            }
-        }
+        const bool made = CreateTags(this, folder, request, names, batch);
         pTagsModel->endInsertRows();
         // After a clash the tags made so far stay without variables and the
         // dialog comes back for a fresh batch.
-        if (clash)
+        if (!made)
             continue;
         if (auto proxy = qobject_cast<ProxyModel4TagsModel*>(tVTags->model()))
             proxy->UpdateData(pTagsModel->index(first, 0, parent),
-                              pTagsModel->index(first + quantity - 1, 0, parent));
+                              pTagsModel->index(last, 0, parent));
         for (void* tag : batch) {
             int isDO = 0;
             DcICCPBase* var = CreateNewVarSimple(tag, isDO, -1);

@@ -39,14 +39,14 @@ DcICCPBase* CurrentHost(CfgArvenSR* form) {
 // is to open again after the message.
 bool AddChosenObject(CfgArvenSR* form, FChoiceOb* dialog, int kind, void* target) {
     if (kind == 51) {
-        const std::string name = dialog->lEName->text().toLocal8Bit().toStdString();
+        const std::string name = QToLocal(dialog->lEName->text());
         if (form->CheckAndSetDataSet(target, name) >= 0)
             return true;
         Tell(form, "Нарушена уникальность имен");
         return false;
     }
     if (kind == 52) {
-        const std::string name = dialog->lEName->text().toLocal8Bit().toStdString();
+        const std::string name = QToLocal(dialog->lEName->text());
         const int result = form->CheckAndSetTrans(target, name);
         if (result >= 0)
             return true;

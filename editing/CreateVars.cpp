@@ -374,7 +374,7 @@ void CfgArvenSR::OnAddVar() {
     for (;;) {
         if (dialog->exec() != QDialog::Accepted || !dialog->SelType)
             return;
-        const std::string entered = dialog->ui.lEName->text().toLocal8Bit().toStdString();
+        const std::string entered = QToLocal(dialog->ui.lEName->text());
         TagRequest request{entered, dialog->ui.sBCount->value(), dialog->ui.cBWhere->currentIndex(),
                            dialog->ui.cBDataSet->currentIndex(), -1};
 
@@ -420,7 +420,7 @@ bool CfgArvenSR::CreateInTree(QString base, int first, int count, DcICCPBase* ho
     StringList* names = VarsOf(host);
     if (!names)
         return false;
-    const std::string prefix = base.toLocal8Bit().toStdString();
+    const std::string prefix = QToLocal(base);
     for (int i = first; i < first + count; ++i) {
         const std::string name = prefix + std::to_string(i);
         if (names->IndexOf(name) >= 0) {

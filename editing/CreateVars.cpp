@@ -141,8 +141,8 @@ void ShowNewMember(CfgArvenSR* form, DcDataSet* dataSet, DcICCPBase* var) {
     if (!current || current->data(Qt::UserRole).value<void*>() != dataSet)
         return;
     dataSet->FlushRefs();
-    auto item = new QListWidgetItem(
-        QString::fromStdString(dataSet->Elems.Strings(FindIdObjByPtr(var, &dataSet->Elems))));
+    auto item =
+        new QListWidgetItem(LocalToQ(dataSet->Elems.Strings(FindIdObjByPtr(var, &dataSet->Elems))));
     item->setData(Qt::UserRole, QVariant::fromValue(static_cast<void*>(var)));
     form->lWInfo_2->insertItem(0, item);
 }

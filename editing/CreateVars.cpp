@@ -338,6 +338,13 @@ struct TagRequest {
     int typeIndex;
 };
 
+// The dialog's fields, the name in the local 8-bit encoding; the type's
+// index is looked up later.
+TagRequest ReadRequest(GetVarFrm* dialog) {
+    return {QToLocal(dialog->ui.lEName->text()), dialog->ui.sBCount->value(),
+            dialog->ui.cBWhere->currentIndex(), dialog->ui.cBDataSet->currentIndex(), -1};
+}
+
 // Creates the tags in the folder, appending them to `batch`; false, after
 // telling, when a variable's name is taken. The test takes the name and
 // number without "_", as it always has: distinct tag numbers are what keeps
@@ -374,9 +381,7 @@ void CfgArvenSR::OnAddVar() {
     for (;;) {
         if (dialog->exec() != QDialog::Accepted || !dialog->SelType)
             return;
-        const std::string entered = QToLocal(dialog->ui.lEName->text());
-        TagRequest request{entered, dialog->ui.sBCount->value(), dialog->ui.cBWhere->currentIndex(),
-                           dialog->ui.cBDataSet->currentIndex(), -1};
+        TagRequest request = ReadRequest(dialog);
 
         DcICCPBase* owner = request.where == 0 ? pVCC : ListOb(pVCC->ICCs, request.where - 1);
         StringList* names = VarsOf(owner);
@@ -390,7 +395,7 @@ void CfgArvenSR::OnAddVar() {
         request.typeIndex = pDcDTTP->TypeList.indexOf(dialog->SelType);
         if (request.typeIndex < 0)
             return;
-        if (entered.empty())
+        if (request.name.empty())
             request.name = GetDefFromType(dialog->SelType);
 
         const int first = pTagsModel->rowCount(parent);

@@ -111,7 +111,7 @@ void GetVarFrm::onlWClicked(QListWidgetItem* item) {
         pNames = nullptr;
         return;
     }
-    const std::string base = ui.lEName->text().toLocal8Bit().toStdString();
+    const std::string base = QToLocal(ui.lEName->text());
     if (base.empty()) {
         QMessageBox::information(this, "Предупреждение", "Заполните базовое имя");
         return;

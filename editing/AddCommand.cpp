@@ -57,8 +57,7 @@ void CfgArvenSR::OnAcmd() {
     const int index = dialog->comboBox->currentIndex();
     if (index < 0 || index > 2)
         return;
-    const std::string name =
-        (dialog->comboBox->currentText() + dialog->spinBox->text()).toLocal8Bit().toStdString();
+    const std::string name = QToLocal(dialog->comboBox->currentText() + dialog->spinBox->text());
     const tCommandKind& kind = CommandKinds[index];
     DcDA* var = CommandVar(icc, name, kind.type, kind.value);
     const bool sbo = dialog->checkBox->isChecked();

@@ -10,23 +10,72 @@
 #include <QListWidget>
 #include <QMessageBox>
 
-void CfgArvenSR::OnAddOb() {
-    if (!pTreeIedModel)
-        return;
-    const QModelIndex current = tVIed->currentIndex();
-    myNode* node = current.isValid() ? pTreeIedModel->nodeFromIndex(current) : nullptr;
+namespace {
+
+void Tell(QWidget* parent, const QString& text) {
+    QMessageBox::information(parent, "Сообщение", text, QMessageBox::Ok);
+}
+
+// The host of the current row of the model tree: its ICC, or the VCC above
+// its object; null with no object or no host.
+DcICCPBase* CurrentHost(CfgArvenSR* form) {
+    IEDTreeModel* model = form->pTreeIedModel;
+    const QModelIndex current = form->tVIed->currentIndex();
+    myNode* node = current.isValid() ? model->nodeFromIndex(current) : nullptr;
     // A folder row stands for the object of the row above it.
     if (node && !node->object)
         node = node->Parent;
     auto object = static_cast<DcICCPBase*>(node ? node->object : nullptr);
     if (!object)
-        return;
+        return nullptr;
     // Read through the node: a current index of column 1 has no object role.
-    const QModelIndex hostRow = FindHost(pTreeIedModel, current);
-    myNode* hostNode = hostRow.isValid() ? pTreeIedModel->nodeFromIndex(hostRow) : nullptr;
+    const QModelIndex hostRow = FindHost(model, current);
+    myNode* hostNode = hostRow.isValid() ? model->nodeFromIndex(hostRow) : nullptr;
     auto host = static_cast<DcICCPBase*>(hostNode ? hostNode->object : nullptr);
-    if (!host)
-        host = object->IsHostObType("DcVCC");
+    return host ? host : object->IsHostObType("DcVCC");
+}
+
+// Adds the object of the chosen kind at the target; false when the dialog
+// is to open again after the message.
+bool AddChosenObject(CfgArvenSR* form, FChoiceOb* dialog, int kind, void* target) {
+    if (kind == 51) {
+        const std::string name = QToLocal(dialog->lEName->text());
+        if (form->CheckAndSetDataSet(target, name) >= 0)
+            return true;
+        Tell(form, "Нарушена уникальность имен");
+        return false;
+    }
+    if (kind == 52) {
+        const std::string name = QToLocal(dialog->lEName->text());
+        const int result = form->CheckAndSetTrans(target, name);
+        if (result >= 0)
+            return true;
+        if (result == -2)
+            Tell(form, "Недопустимый объект приемник");
+        else if (result == -1 || result == -3)
+            Tell(form, "Нарушена уникальность имен или ошибка разбора");
+        else
+            return true;
+        return false;
+    }
+    if (kind == 53) {
+        auto place = static_cast<DcICCPBase*>(target);
+        if (!place || place->ClassName() == "DcVCC") {
+            Tell(form, "Недопустимый объект приемник");
+            return false;
+        }
+        if (form->CheckAndSetNextTrans(target) != 0)
+            Tell(form, "Next_DSTransfer_Set уже существует");
+    }
+    return true;
+}
+
+} // namespace
+
+void CfgArvenSR::OnAddOb() {
+    if (!pTreeIedModel)
+        return;
+    DcICCPBase* host = CurrentHost(this);
     if (!host)
         return;
 
@@ -39,9 +88,6 @@ void CfgArvenSR::OnAddOb() {
     dialog->FillWhere(pVCC);
     dialog->SetActiveW(host);
 
-    auto tell = [this](const QString& text) {
-        QMessageBox::information(this, "Сообщение", text, QMessageBox::Ok);
-    };
     for (;;) {
         if (dialog->exec() != QDialog::Accepted)
             return;
@@ -50,34 +96,7 @@ void CfgArvenSR::OnAddOb() {
         if (!kindItem || !whereItem)
             return;
         const int kind = kindItem->data(Qt::UserRole).toInt();
-        void* target = whereItem->data(Qt::UserRole).value<void*>();
-        if (kind == 51) {
-            const std::string name = dialog->lEName->text().toLocal8Bit().toStdString();
-            if (CheckAndSetDataSet(target, name) >= 0)
-                return;
-            tell("Нарушена уникальность имен");
-        } else if (kind == 52) {
-            const std::string name = dialog->lEName->text().toLocal8Bit().toStdString();
-            const int result = CheckAndSetTrans(target, name);
-            if (result >= 0)
-                return;
-            if (result == -2)
-                tell("Недопустимый объект приемник");
-            else if (result == -1 || result == -3)
-                tell("Нарушена уникальность имен или ошибка разбора");
-            else
-                return;
-        } else if (kind == 53) {
-            auto place = static_cast<DcICCPBase*>(target);
-            if (!place || place->ClassName() == "DcVCC") {
-                tell("Недопустимый объект приемник");
-                continue;
-            }
-            if (CheckAndSetNextTrans(target) != 0)
-                tell("Next_DSTransfer_Set уже существует");
+        if (AddChosenObject(this, dialog, kind, whereItem->data(Qt::UserRole).value<void*>()))
             return;
-        } else {
-            return;
-        }
     }
 }

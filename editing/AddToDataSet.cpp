@@ -53,6 +53,78 @@ int DataSetNumber(DcDataSet* set, StringList* chosenFrom) {
     return position + 1;
 }
 
+// The dialog's list: the host's data sets in order, each entry holding its set.
+void FillDataSetChoice(ChoiceDS* dialog, StringList* sets, const QString& prefix) {
+    for (int i = 0; i < sets->Count; ++i) {
+        auto item = new QListWidgetItem(prefix + LocalToQ(sets->Strings(i)));
+        item->setData(Qt::UserRole, QVariant::fromValue(sets->Objects(i)));
+        dialog->listWidget->addItem(item);
+    }
+}
+
+// The variables of the selection's column 0; false, after telling, when one
+// is not a variable or has another parent than the first selected row.
+bool SelectedVariables(CfgArvenSR* form, QList<DcICCPBase*>& vars) {
+    const QModelIndexList selected = form->tVIed->selectionModel()->selectedIndexes();
+    for (const QModelIndex& index : selected) {
+        if (index.column() != 0)
+            continue;
+        auto var = static_cast<DcICCPBase*>(RowObject(index));
+        if (index.parent() != selected.first().parent() || !IsVariable(var)) {
+            Inform(form, "Выделенные элементы должны быть переменными и принадлежать одному "
+                         "родителю");
+            return false;
+        }
+        vars << var;
+    }
+    return true;
+}
+
+// The set chosen in the dialog, asked again while accepted with no entry;
+// null when refused.
+DcDataSet* ChooseDataSet(ChoiceDS* dialog) {
+    int result = QDialog::Accepted;
+    do
+        result = dialog->exec();
+    while (result == QDialog::Accepted && !dialog->listWidget->currentItem());
+    return static_cast<DcDataSet*>(
+        result == QDialog::Accepted
+            ? dialog->listWidget->currentItem()->data(Qt::UserRole).value<void*>()
+            : nullptr);
+}
+
+// Each variable joins the set under its full name, its tag taking the set's
+// number, until one is already a member.
+void AddMembers(CfgArvenSR* form, DcDataSet* set, int number, const QList<DcICCPBase*>& vars) {
+    const QString ref = set->GetRefNameDS();
+    for (DcICCPBase* var : vars) {
+        // A failed read counts as another number; writes to a missing tag
+        // fail in silence.
+        void* tag = var->BoundTag;
+        int old = 0;
+        if (tag && GetIntProp(tag, "isinDataSet", old) && old == number)
+            continue;
+        if (tag)
+            SetIntProp(tag, "isinDataSet", number);
+        const std::string fullName = var->GetFullName();
+        if (var->refDSRT.contains(ref) || set->Elems.IndexOf(fullName) >= 0) {
+            Inform(form, "ССылка уже существует");
+            break;
+        }
+        var->refDS += ref;
+        var->refDSRT += ref;
+        set->Elems.InsertObject(0, fullName, var);
+        QListWidgetItem* shown = form->lWInfo->currentItem();
+        if (shown && shown->text() == LocalToQ(set->GetFullName())) {
+            auto item = new QListWidgetItem(LocalToQ(fullName));
+            item->setData(Qt::UserRole, QVariant::fromValue(static_cast<void*>(var)));
+            form->lWInfo_2->insertItem(0, item);
+        }
+        if (tag)
+            SetIntProp(tag, "isinDataSet", number);
+    }
+}
+
 } // namespace
 
 void CfgArvenSR::OnAddOb2DS() {
@@ -78,66 +150,15 @@ void CfgArvenSR::OnAddOb2DS() {
     StringList* sets = HostDataSets(host, prefix);
     if (!sets)
         return;
-    for (int i = 0; i < sets->Count; ++i) {
-        auto item = new QListWidgetItem(prefix + LocalToQ(sets->Strings(i)));
-        item->setData(Qt::UserRole, QVariant::fromValue(sets->Objects(i)));
-        dialog->listWidget->addItem(item);
-    }
-
-    const QModelIndexList selected = tVIed->selectionModel()->selectedIndexes();
+    FillDataSetChoice(dialog, sets, prefix);
     QList<DcICCPBase*> vars;
-    for (const QModelIndex& index : selected) {
-        if (index.column() != 0)
-            continue;
-        auto var = static_cast<DcICCPBase*>(RowObject(index));
-        if (index.parent() != selected.first().parent() || !IsVariable(var)) {
-            Inform(this, "Выделенные элементы должны быть переменными и принадлежать одному "
-                         "родителю");
-            return;
-        }
-        vars << var;
-    }
+    if (!SelectedVariables(this, vars))
+        return;
 
     if (MenuIed)
         MenuIed->hide();
-    int result = QDialog::Accepted;
-    do
-        result = dialog->exec();
-    while (result == QDialog::Accepted && !dialog->listWidget->currentItem());
-    auto set = static_cast<DcDataSet*>(
-        result == QDialog::Accepted
-            ? dialog->listWidget->currentItem()->data(Qt::UserRole).value<void*>()
-            : nullptr);
-    if (set) {
-        const int number = DataSetNumber(set, sets);
-        const QString ref = set->GetRefNameDS();
-        for (DcICCPBase* var : vars) {
-            // A failed read counts as another number; writes to a missing tag
-            // fail in silence.
-            void* tag = var->BoundTag;
-            int old = 0;
-            if (tag && GetIntProp(tag, "isinDataSet", old) && old == number)
-                continue;
-            if (tag)
-                SetIntProp(tag, "isinDataSet", number);
-            const std::string fullName = var->GetFullName();
-            if (var->refDSRT.contains(ref) || set->Elems.IndexOf(fullName) >= 0) {
-                Inform(this, "ССылка уже существует");
-                break;
-            }
-            var->refDS += ref;
-            var->refDSRT += ref;
-            set->Elems.InsertObject(0, fullName, var);
-            QListWidgetItem* shown = lWInfo->currentItem();
-            if (shown && shown->text() == LocalToQ(set->GetFullName())) {
-                auto item = new QListWidgetItem(LocalToQ(fullName));
-                item->setData(Qt::UserRole, QVariant::fromValue(static_cast<void*>(var)));
-                lWInfo_2->insertItem(0, item);
-            }
-            if (tag)
-                SetIntProp(tag, "isinDataSet", number);
-        }
-    }
+    if (DcDataSet* set = ChooseDataSet(dialog))
+        AddMembers(this, set, DataSetNumber(set, sets), vars);
     if (MenuIed && QApplication::activeWindow() == MenuIed)
         MenuIed->hide();
     if (MenuIed && MenuIed->isVisible())

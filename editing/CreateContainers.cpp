@@ -28,7 +28,7 @@ void CfgArvenSR::OnAddLD() {
         QInputDialog::getText(this, "Ввод ICC", "Имя ICC:", QLineEdit::Normal, suggestion, &ok);
     if (!ok || text.isEmpty())
         return;
-    const std::string name = text.toLocal8Bit().toStdString();
+    const std::string name = QToLocal(text);
     if (pVCC->ICCs.IndexOf(name) >= 0)
         return;
     BornLD(name);

@@ -83,33 +83,22 @@ bool WantsSBOTwin(void* tag) {
     return cfgPropGet(tag, "presentSBO", &value) && value.intValue > 0;
 }
 
-} // namespace
-
-DcICCPBase* CfgArvenSR::CreateNewVarSimple(void* tag, int& isDO, int) {
-    if (!pVCC || !pDcDTTP)
+// The owner a tag's domain names: the VCC for 0, else that ICC; null, after
+// telling, for a domain out of range.
+DcICCPBase* DomainOwner(CfgArvenSR* form, int domain) {
+    if (domain == 0)
+        return pVCC;
+    if (domain < 0 || domain > pVCC->ICCs.Count) {
+        QMessageBox::information(form, "", "Недопустимое значение ICC");
         return nullptr;
-    const TagData data = GetTagData(tag);
-
-    DcICCPBase* owner = pVCC;
-    if (data.domain != 0) {
-        if (data.domain < 0 || data.domain > pVCC->ICCs.Count) {
-            QMessageBox::information(this, "", "Недопустимое значение ICC");
-            return nullptr;
-        }
-        owner = ListOb(pVCC->ICCs, data.domain - 1);
     }
-    StringList* vars = VarsOf(owner);
-    if (!vars)
-        return nullptr;
+    return ListOb(pVCC->ICCs, domain - 1);
+}
 
-    // The list is put in idtype order once per load, not here.
-    const QList<DcICCPBase*>& types = pDcDTTP->TypeList;
-    if (data.tag_type < 0 || data.tag_type >= types.size())
-        return nullptr;
-    DcICCPBase* templ = types.at(data.tag_type);
-    if (!templ)
-        return nullptr;
-
+// The variable of the tag, and its select-before-operate twin, added to the
+// owner's list; for a template of neither kind the template itself.
+DcICCPBase* MakeVariable(void* tag, const TagData& data, DcICCPBase* templ, DcICCPBase* owner,
+                         StringList* vars, int& isDO) {
     const QString cls = templ->ClassName();
     const std::string base = data.tag_name.empty() ? GetDefFromType(templ) : data.tag_name;
     const std::string name = base + "_" + std::to_string(data.number);
@@ -132,31 +121,59 @@ DcICCPBase* CfgArvenSR::CreateNewVarSimple(void* tag, int& isDO, int) {
     AddVariable(vars, name, var);
     if (twin)
         AddVariable(vars, twin->name, twin);
+    return var;
+}
 
-    const int number = data.isinDataSet;
-    if (number < 1)
-        return var;
-    DcDataSet* dataSet = nullptr;
+// The data set a tag's number names in the owner: that one of an ICC, the
+// first one of the VCC whatever the number.
+DcDataSet* NumberedDataSet(DcICCPBase* owner, int number) {
     if (auto icc = qobject_cast<DcLD*>(owner)) {
         if (number > icc->DataSets.Count)
-            return var;
-        dataSet = qobject_cast<DcDataSet*>(ListOb(icc->DataSets, number - 1));
-    } else {
-        // In the VCC any number means its first data set.
-        dataSet = qobject_cast<DcDataSet*>(ListOb(pVCC->DataSets, 0));
+            return nullptr;
+        return qobject_cast<DcDataSet*>(ListOb(icc->DataSets, number - 1));
     }
+    return qobject_cast<DcDataSet*>(ListOb(pVCC->DataSets, 0));
+}
+
+// A new member of the data set shown in the content list gets its row there.
+void ShowNewMember(CfgArvenSR* form, DcDataSet* dataSet, DcICCPBase* var) {
+    QListWidgetItem* current = form->lWInfo->currentItem();
+    if (!current || current->data(Qt::UserRole).value<void*>() != dataSet)
+        return;
+    dataSet->FlushRefs();
+    auto item =
+        new QListWidgetItem(LocalToQ(dataSet->Elems.Strings(FindIdObjByPtr(var, &dataSet->Elems))));
+    item->setData(Qt::UserRole, QVariant::fromValue(static_cast<void*>(var)));
+    form->lWInfo_2->insertItem(0, item);
+}
+
+} // namespace
+
+DcICCPBase* CfgArvenSR::CreateNewVarSimple(void* tag, int& isDO, int) {
+    if (!pVCC || !pDcDTTP)
+        return nullptr;
+    const TagData data = GetTagData(tag);
+    DcICCPBase* owner = DomainOwner(this, data.domain);
+    StringList* vars = VarsOf(owner);
+    if (!vars)
+        return nullptr;
+
+    // The list is put in idtype order once per load, not here.
+    const QList<DcICCPBase*>& types = pDcDTTP->TypeList;
+    if (data.tag_type < 0 || data.tag_type >= types.size())
+        return nullptr;
+    DcICCPBase* templ = types.at(data.tag_type);
+    if (!templ)
+        return nullptr;
+    DcICCPBase* var = MakeVariable(tag, data, templ, owner, vars, isDO);
+    if (var == templ || data.isinDataSet < 1)
+        return var;
+
+    DcDataSet* dataSet = NumberedDataSet(owner, data.isinDataSet);
     if (!dataSet)
         return var;
     dataSet->AddObRef(var);
-
-    QListWidgetItem* current = lWInfo->currentItem();
-    if (current && current->data(Qt::UserRole).value<void*>() == dataSet) {
-        dataSet->FlushRefs();
-        auto item = new QListWidgetItem(
-            QString::fromStdString(dataSet->Elems.Strings(FindIdObjByPtr(var, &dataSet->Elems))));
-        item->setData(Qt::UserRole, QVariant::fromValue(static_cast<void*>(var)));
-        lWInfo_2->insertItem(0, item);
-    }
+    ShowNewMember(this, dataSet, var);
     return var;
 }
 
@@ -311,6 +328,48 @@ void* TargetTagFolder(CfgArvenSR* form, QModelIndex& parent) {
     return object;
 }
 
+// What the dialog asks for: the tags' name, how many, the owner's index and
+// the data set's number, and the type's index in the type list.
+struct TagRequest {
+    std::string name;
+    int quantity;
+    int where;
+    int dataSet;
+    int typeIndex;
+};
+
+// The dialog's fields, the name in the local 8-bit encoding; the type's
+// index is looked up later.
+TagRequest ReadRequest(GetVarFrm* dialog) {
+    return {QToLocal(dialog->ui.lEName->text()), dialog->ui.sBCount->value(),
+            dialog->ui.cBWhere->currentIndex(), dialog->ui.cBDataSet->currentIndex(), -1};
+}
+
+// Creates the tags in the folder, appending them to `batch`; false, after
+// telling, when a variable's name is taken. The test takes the name and
+// number without "_", as it always has: distinct tag numbers are what keeps
+// the names apart.
+bool CreateTags(CfgArvenSR* form, void* folder, const TagRequest& request, StringList* names,
+                QList<void*>& batch) {
+    for (int i = 0; i < request.quantity; ++i) {
+        const int number = cfgObFreeNumber(folder, form->TagMode);
+        void* tag = cfgObCreate(folder, form->TagMode, number, "Arvons");
+        if (!tag)
+            continue;
+        if (!request.name.empty())
+            SetStr2PropOb(tag, "tag_name", QString::fromLocal8Bit(request.name.c_str()));
+        SetIntProp(tag, "tag_type", request.typeIndex);
+        SetIntProp(tag, "domain", request.where);
+        SetIntProp(tag, "isinDataSet", request.dataSet);
+        if (names->IndexOf(request.name + std::to_string(number)) >= 0) {
+            QMessageBox::information(form, "Ошибка", "Нарушена уникальность имен");
+            return false;
+        }
+        batch.append(tag);
+    }
+    return true;
+}
+
 } // namespace
 
 void CfgArvenSR::OnAddVar() {
@@ -322,12 +381,9 @@ void CfgArvenSR::OnAddVar() {
     for (;;) {
         if (dialog->exec() != QDialog::Accepted || !dialog->SelType)
             return;
-        const std::string entered = dialog->ui.lEName->text().toLocal8Bit().toStdString();
-        const int quantity = dialog->ui.sBCount->value();
-        const int where = dialog->ui.cBWhere->currentIndex();
-        const int dataSet = dialog->ui.cBDataSet->currentIndex();
+        TagRequest request = ReadRequest(dialog);
 
-        DcICCPBase* owner = where == 0 ? pVCC : ListOb(pVCC->ICCs, where - 1);
+        DcICCPBase* owner = request.where == 0 ? pVCC : ListOb(pVCC->ICCs, request.where - 1);
         StringList* names = VarsOf(owner);
         if (!names) {
             QMessageBox::information(this, "Ошибка", "Ошибка в определении источника");
@@ -336,42 +392,25 @@ void CfgArvenSR::OnAddVar() {
 
         QModelIndex parent;
         void* folder = TargetTagFolder(this, parent);
-        const int typeIndex = pDcDTTP->TypeList.indexOf(dialog->SelType);
-        if (typeIndex < 0)
+        request.typeIndex = pDcDTTP->TypeList.indexOf(dialog->SelType);
+        if (request.typeIndex < 0)
             return;
-        const std::string name = entered.empty() ? GetDefFromType(dialog->SelType) : entered;
+        if (request.name.empty())
+            request.name = GetDefFromType(dialog->SelType);
 
         const int first = pTagsModel->rowCount(parent);
-        pTagsModel->beginInsertRows(parent, first, first + quantity - 1);
+        const int last = first + request.quantity - 1;
+        pTagsModel->beginInsertRows(parent, first, last);
         QList<void*> batch;
-        bool clash = false;
-        for (int i = 0; i < quantity && !clash; ++i) {
-            const int number = cfgObFreeNumber(folder, TagMode);
-            void* tag = cfgObCreate(folder, TagMode, number, "Arvons");
-            if (!tag)
-                continue;
-            if (!name.empty())
-                SetStr2PropOb(tag, "tag_name", QString::fromLocal8Bit(name.c_str()));
-            SetIntProp(tag, "tag_type", typeIndex);
-            SetIntProp(tag, "domain", where);
-            SetIntProp(tag, "isinDataSet", dataSet);
-            // The test takes the name and number without "_", as it always
-            // has: distinct tag numbers are what keeps the names apart.
-            if (names->IndexOf(name + std::to_string(number)) >= 0) {
-                QMessageBox::information(this, "Ошибка", "Нарушена уникальность имен");
-                clash = true;
-            } else {
-                batch.append(tag);
-            }
-        }
+        const bool made = CreateTags(this, folder, request, names, batch);
         pTagsModel->endInsertRows();
         // After a clash the tags made so far stay without variables and the
         // dialog comes back for a fresh batch.
-        if (clash)
+        if (!made)
             continue;
         if (auto proxy = qobject_cast<ProxyModel4TagsModel*>(tVTags->model()))
             proxy->UpdateData(pTagsModel->index(first, 0, parent),
-                              pTagsModel->index(first + quantity - 1, 0, parent));
+                              pTagsModel->index(last, 0, parent));
         for (void* tag : batch) {
             int isDO = 0;
             DcICCPBase* var = CreateNewVarSimple(tag, isDO, -1);
@@ -386,7 +425,7 @@ bool CfgArvenSR::CreateInTree(QString base, int first, int count, DcICCPBase* ho
     StringList* names = VarsOf(host);
     if (!names)
         return false;
-    const std::string prefix = base.toLocal8Bit().toStdString();
+    const std::string prefix = QToLocal(base);
     for (int i = first; i < first + count; ++i) {
         const std::string name = prefix + std::to_string(i);
         if (names->IndexOf(name) >= 0) {

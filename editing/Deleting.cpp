@@ -73,7 +73,7 @@ QModelIndex TagRow(UnitTagsModel* model, void* tag) {
 // variable may have been deleted since.
 DcICCPBase* LiveVariable(QListWidgetItem* item) {
     auto var = static_cast<DcICCPBase*>(item->data(Qt::UserRole).value<void*>());
-    if (!var || !pVCC || pVCC->GetDAbyLongName(item->text().toLocal8Bit().toStdString()) == var)
+    if (!var || !pVCC || pVCC->GetDAbyLongName(QToLocal(item->text())) == var)
         return var;
     bool found = FindIdObjByPtr(var, &pVCC->Vars) >= 0;
     for (int i = 0; i < pVCC->ICCs.Count && !found; ++i)
@@ -173,13 +173,13 @@ void CfgArvenSR::DeleteFromContentRefDS() {
     // The current row names the set: "ICC/set" for a set of an ICC.
     const QString text = current ? current->text() : QString();
     std::string name;
-    StringList* sets = ScopedList(pVCC, text.toLocal8Bit().toStdString(), true, name);
+    StringList* sets = ScopedList(pVCC, QToLocal(text), true, name);
     auto dataSet = sets ? qobject_cast<DcDataSet*>(ListOb(*sets, sets->IndexOf(name))) : nullptr;
     for (int i = items.size() - 1; i >= 0; --i) {
         QListWidgetItem* item = items[i];
         if (DcICCPBase* var = LiveVariable(item))
             SetIntProp(var->BoundTag, "isinDataSet", 0);
-        RemoveMember(dataSet, item->text().toLocal8Bit().toStdString());
+        RemoveMember(dataSet, QToLocal(item->text()));
         delete item;
     }
 }
@@ -257,7 +257,7 @@ void CfgArvenSR::OnDelObFromDS() {
     const QString ref = dataSet->GetRefNameDS();
     const QList<QListWidgetItem*> items = lWInfo_2->selectedItems();
     for (int i = items.size() - 1; i >= 0; --i) {
-        RemoveMember(dataSet, items[i]->text().toLocal8Bit().toStdString());
+        RemoveMember(dataSet, QToLocal(items[i]->text()));
         if (DcICCPBase* var = LiveVariable(items[i])) {
             const int at = var->refDS.indexOf(ref);
             if (at >= 0)
@@ -373,7 +373,7 @@ void CfgArvenSR::DeleteDO(DcDO* var, std::string& key, StringList& keys) {
 
 void CfgArvenSR::DeleteElemDS(const QModelIndex& index, const QModelIndex& parent) {
     RemoveMember(qobject_cast<DcDataSet*>(static_cast<DcICCPBase*>(RowObject(parent))),
-                 index.data().toString().toLocal8Bit().toStdString());
+                 QToLocal(index.data().toString()));
 }
 
 void CfgArvenSR::TryDelDS(const QModelIndex&) {}

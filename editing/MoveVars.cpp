@@ -174,6 +174,58 @@ void MoveRun::ForgetMember(DcICCPBase* var) {
     });
 }
 
+namespace {
+
+// The variable of the tag made under the owner's "Переменные" row and added
+// to its list; null when the owner has no such row or no list.
+DcICCPBase* BornInOwner(MoveRun* run, DcICCPBase* owner, const std::string& name, DcICCPBase* templ,
+                        void* tag, const std::string& caption) {
+    StringList* target = VarsOf(owner);
+    const QModelIndex folder = run->Folder(owner);
+    if (!folder.isValid() || !target)
+        return nullptr;
+    DcICCPBase* var;
+    if (auto doType = qobject_cast<DcDOType*>(templ))
+        var = new DcDO(name, doType, owner);
+    else
+        var = new DcDA(name, qobject_cast<DcDAType*>(templ), owner);
+    run->Born(var);
+    var->BoundTag = tag;
+    var->desc = caption;
+    run->Append(folder, new myNode(name, var), [&] { target->AddObject(name, var, true); });
+    return var;
+}
+
+// The old variable is one of the rows under its owner's "Переменные": a
+// variable made at load without a row stays where it is.
+void RemoveOldVariable(MoveRun* run, DcICCPBase* oldOwner, const std::string& name,
+                       int dataSetNumber) {
+    const QModelIndex oldFolder = run->Folder(oldOwner);
+    const int oldRow =
+        oldFolder.isValid() ? run->RowOf(oldFolder, QString::fromStdString(name)) : -1;
+    if (oldRow < 0)
+        return;
+    run->RemoveFrom(oldFolder, oldRow, [&] {
+        StringList* oldVars = VarsOf(oldOwner);
+        const int at = oldVars ? oldVars->IndexOf(name) : -1;
+        if (at < 0)
+            return;
+        DcICCPBase* old = ListOb(*oldVars, at);
+        if (dataSetNumber > 0)
+            run->RemoveRef(DataSetOf(oldOwner, dataSetNumber), old);
+        // With needemit the destructor takes the entry out, finding it
+        // by name; a search by pointer after it would cost a walk.
+        if (!old || !needemit || old->OwnerOb() != oldOwner)
+            oldVars->Delete(at);
+        if (old) {
+            run->ForgetMember(old);
+            delete old;
+        }
+    });
+}
+
+} // namespace
+
 void Changedomain(int newDomain, int oldDomain, void* tag, MoveRun* run) {
     CfgArvenSR* form = FCfgArvenSR;
     if (!form || !form->pTreeIedModel || !pVCC || !pDcDTTP)
@@ -192,20 +244,7 @@ void Changedomain(int newDomain, int oldDomain, void* tag, MoveRun* run) {
     const std::string name = tagName + "_" + Int2Str(number);
 
     DcICCPBase* owner = DomainContainer(newDomain);
-    StringList* target = VarsOf(owner);
-    DcICCPBase* var = nullptr;
-    const QModelIndex folder = run->Folder(owner);
-    if (folder.isValid() && target) {
-        if (auto doType = qobject_cast<DcDOType*>(templ))
-            var = new DcDO(name, doType, owner);
-        else
-            var = new DcDA(name, qobject_cast<DcDAType*>(templ), owner);
-        run->Born(var);
-        var->BoundTag = tag;
-        var->desc = caption;
-        run->Append(folder, new myNode(name, var), [&] { target->AddObject(name, var, true); });
-    }
-
+    DcICCPBase* var = BornInOwner(run, owner, name, templ, tag, caption);
     int dataSetNumber = 0;
     GetIntProp(tag, "isinDataSet", dataSetNumber);
     DcDataSet* newSet = nullptr;
@@ -214,31 +253,7 @@ void Changedomain(int newDomain, int oldDomain, void* tag, MoveRun* run) {
         run->AddRef(newSet, var);
     }
 
-    // The old variable is one of the rows under its owner's "Переменные":
-    // a variable made at load without a row stays where it is.
-    DcICCPBase* oldOwner = DomainContainer(oldDomain);
-    const QModelIndex oldFolder = run->Folder(oldOwner);
-    const int oldRow =
-        oldFolder.isValid() ? run->RowOf(oldFolder, QString::fromStdString(name)) : -1;
-    if (oldRow >= 0) {
-        run->RemoveFrom(oldFolder, oldRow, [&] {
-            StringList* oldVars = VarsOf(oldOwner);
-            const int at = oldVars ? oldVars->IndexOf(name) : -1;
-            if (at < 0)
-                return;
-            DcICCPBase* old = ListOb(*oldVars, at);
-            if (dataSetNumber > 0)
-                run->RemoveRef(DataSetOf(oldOwner, dataSetNumber), old);
-            // With needemit the destructor takes the entry out, finding it
-            // by name; a search by pointer after it would cost a walk.
-            if (!old || !needemit || old->OwnerOb() != oldOwner)
-                oldVars->Delete(at);
-            if (old) {
-                run->ForgetMember(old);
-                delete old;
-            }
-        });
-    }
+    RemoveOldVariable(run, DomainContainer(oldDomain), name, dataSetNumber);
     if (CurrentSetRow(form, newSet))
         RefreshContent(form);
 }

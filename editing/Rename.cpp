@@ -70,7 +70,7 @@ void CfgArvenSR::OnRename() {
     if (!ok)
         return;
     const std::string oldName = ob->name;
-    ob->name = text.toLocal8Bit().toStdString();
+    ob->name = QToLocal(text);
     node->name = ob->name;
     emit pTreeIedModel->dataChanged(index, index);
     std::string oldFull, newFull;
@@ -106,7 +106,7 @@ void CfgArvenSR::RenameDA1(std::string oldName, DcICCPBase* ob, std::string& old
     newFull = InOwnerICC(ob, ob->name);
     // refDSRT holds "set;" or "ICC/set;" entries, a set's name perhaps
     // followed by "," and a number.
-    std::string rest = ob->refDSRT.toLocal8Bit().toStdString();
+    std::string rest = QToLocal(ob->refDSRT);
     for (;;) {
         const size_t end = rest.find(';');
         if (end == std::string::npos || end == 0)

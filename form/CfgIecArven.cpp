@@ -84,7 +84,29 @@ CfgArvenSR::CfgArvenSR(QWidget* parent) : QDialog(parent, Qt::WindowFlags()) {
     setupUi(this);
     Fillset1DS();
     setWindowTitle("Конфигуратор ICCP (сервер)");
+    CreateModels();
+    FillImageList1();
+    CreateBars();
+    CreateMenuBar();
 
+    tVIed->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(tVIed, SIGNAL(customContextMenuRequested(QPoint)), this, SLOT(OnContMenuVIed(QPoint)));
+    TagMode = 0;
+    SetTagsManipulate();
+    SetViewStyles();
+
+    CreateSomeMenu();
+    FillEditAct();
+    SortDATypes();
+    SecTypesAToUp();
+    SortSecondaryTypes();
+
+    ConnectModelViews();
+    InstallMouseFilters();
+    SetSelectionModes();
+}
+
+void CfgArvenSR::CreateModels() {
     pListTag = new StringList;
     pTagsModel = new UnitTagsModel(this);
     pPropTree = new PropTreeModel(this);
@@ -96,11 +118,11 @@ CfgArvenSR::CfgArvenSR(QWidget* parent) : QDialog(parent, Qt::WindowFlags()) {
     pPropIccp = new PropICCPModel(this);
     FillCompareType();
     connect(tVTags, SIGNAL(clicked(QModelIndex)), this, SLOT(OntVTagsClick(QModelIndex)));
+}
 
-    FillImageList1();
-
-    // A dialog has no bars: a main window inside it carries them, with the
-    // whole widget tree as its central widget.
+// A dialog has no bars: a main window inside it carries them, with the
+// whole widget tree as its central widget.
+void CfgArvenSR::CreateBars() {
     toolBar = new QToolBar;
     wMain = new QMainWindow;
     wMain->setCentralWidget(splitter1);
@@ -108,7 +130,9 @@ CfgArvenSR::CfgArvenSR(QWidget* parent) : QDialog(parent, Qt::WindowFlags()) {
     layout->addWidget(wMain);
     statusBar = wMain->statusBar();
     mainBar = wMain->menuBar();
+}
 
+void CfgArvenSR::CreateMenuBar() {
     CreateMenuFile();
     mainBar->addMenu(FileMenu);
     EditMenu = new QMenu("Редактирование", this);
@@ -116,23 +140,16 @@ CfgArvenSR::CfgArvenSR(QWidget* parent) : QDialog(parent, Qt::WindowFlags()) {
     wMain->addToolBar(Qt::TopToolBarArea, toolBar);
     FillInfoAct();
     lW_iedsInit();
+}
 
-    tVIed->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(tVIed, SIGNAL(customContextMenuRequested(QPoint)), this, SLOT(OnContMenuVIed(QPoint)));
-    TagMode = 0;
-    SetTagsManipulate();
-
+void CfgArvenSR::SetViewStyles() {
     for (QTreeView* view : {tVIed, tVProp, tVTags, tVprop})
         view->header()->setStyleSheet(HeaderStyle);
     for (QTreeView* view : {tVIed, tVprop, tVProp})
         view->setStyleSheet(ItemStyle);
+}
 
-    CreateSomeMenu();
-    FillEditAct();
-    SortDATypes();
-    SecTypesAToUp();
-    SortSecondaryTypes();
-
+void CfgArvenSR::ConnectModelViews() {
     pDelegDesc = new PropDelegate4Desc(this);
     tVIed->setItemDelegate(pDelegDesc);
     connect(tVIed, SIGNAL(clicked(QModelIndex)), this, SLOT(OntVIedClicked(QModelIndex)));
@@ -146,8 +163,10 @@ CfgArvenSR::CfgArvenSR(QWidget* parent) : QDialog(parent, Qt::WindowFlags()) {
     FirstShow = true;
     MenuIed->addAction(actDelOb);
     AddRenameAct();
+}
 
-    // Each filter lives as a child of its view.
+// Each filter lives as a child of its view.
+void CfgArvenSR::InstallMouseFilters() {
     QList<QWidget*> filtered;
     for (QTreeView* view : findChildren<QTreeView*>())
         filtered << view;
@@ -158,7 +177,9 @@ CfgArvenSR::CfgArvenSR(QWidget* parent) : QDialog(parent, Qt::WindowFlags()) {
         connect(Filter, SIGNAL(SigActOb(QObject*)), this, SLOT(onFilterAct(QObject*)));
         connect(Filter, SIGNAL(CapOb(QObject*, int)), this, SLOT(onFilterOb(QObject*, int)));
     }
+}
 
+void CfgArvenSR::SetSelectionModes() {
     pDelegDcDA = new PropDelegateDcDA(this);
     tVprop->setItemDelegate(pDelegDcDA);
     tVIed->setSelectionMode(QAbstractItemView::ExtendedSelection);

@@ -395,6 +395,14 @@ protected:
     void keyPressEvent(QKeyEvent* e) override;
 
 private:
+    // The constructor's steps, in the order it runs them.
+    void CreateModels();
+    void CreateBars();
+    void CreateMenuBar();
+    void SetViewStyles();
+    void ConnectModelViews();
+    void InstallMouseFilters();
+    void SetSelectionModes();
     void CreateMenuFile();
     void FillInfoAct();
     void SetTagsManipulate();

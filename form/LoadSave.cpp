@@ -313,7 +313,7 @@ void CfgArvenSR::ClearDS() {
             if (!dataSet)
                 continue;
             for (int i = 0; i < dataSet->Elems.Count; ++i)
-                if (!set1DS.contains(QString::fromStdString(dataSet->Elems.Strings(i))))
+                if (!set1DS.contains(LocalToQ(dataSet->Elems.Strings(i))))
                     dataSet->Elems.Delete(i);
         }
     });

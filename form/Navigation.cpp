@@ -334,7 +334,7 @@ void CfgArvenSR::slotOnRecvData() {
         return;
     // "ICC/set" names a set of an ICC, a bare name one of the VCC.
     std::string name;
-    StringList* dataSets = ScopedList(pVCC, item->text().toLocal8Bit().toStdString(), true, name);
+    StringList* dataSets = ScopedList(pVCC, QToLocal(item->text()), true, name);
     if (!dataSets)
         return;
     auto dataSet = qobject_cast<DcDataSet*>(ListOb(*dataSets, dataSets->IndexOf(name)));

@@ -59,10 +59,6 @@ std::string Utf8ToLocal(const char* text) {
     return QString::fromUtf8(text).toLocal8Bit().toStdString();
 }
 
-QString LocalToQ(const std::string& text) {
-    return QString::fromLocal8Bit(text.data(), int(text.size()));
-}
-
 QString Utf8ToQ(const std::string& text) {
     return QString::fromStdString(text);
 }

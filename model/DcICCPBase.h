@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string>
 
+#include "support/StrUtils.h"
 #include "support/UStringList.h"
 
 class TiXmlNode;
@@ -126,5 +127,4 @@ void DeleteListObjects(StringList& list);
 
 // Text conversions of the readers and writers.
 std::string Utf8ToLocal(const char* text);
-QString LocalToQ(const std::string& text);
 QString Utf8ToQ(const std::string& text);

@@ -10,6 +10,14 @@ QString GetRusQStr(const char* text) {
     return QString::fromUtf8(text);
 }
 
+QString LocalToQ(const std::string& text) {
+    return QString::fromLocal8Bit(text.data(), int(text.size()));
+}
+
+std::string QToLocal(const QString& text) {
+    return text.toLocal8Bit().toStdString();
+}
+
 int Str2Int(const std::string& text) {
     return static_cast<int>(std::strtol(text.c_str(), nullptr, 10));
 }

@@ -7,6 +7,15 @@
 
 // The C string decoded as UTF-8.
 QString GetRusQStr(const char* text);
+
+// Model names are held in the local 8-bit encoding: the XML reader converts
+// every attribute into it, and the name fields of the dialogs are read
+// through it. This pair is the one way between such a name and the
+// interface's QString; on a UTF-8 locale both are plain UTF-8. The model
+// tree alone shows its names as UTF-8 (GetRusQStr), and its rows are
+// matched that way.
+QString LocalToQ(const std::string& text);
+std::string QToLocal(const QString& text);
 // The QString in the local 8-bit encoding copied into the array buffer, cut
 // to fit and always ended by a zero; returns buffer.
 template <size_t N> char* QStr2Char(const QString& text, char (&buffer)[N]) {

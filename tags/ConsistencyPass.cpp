@@ -214,7 +214,7 @@ int CfgArvenSR::CheckAndSetDataSet(void* container, std::string name) {
     pTreeIedModel->beginInsertRows(folder, at, at);
     folderNode->AddChild(dataSet->CreatemyNode());
     pTreeIedModel->endInsertRows();
-    auto item = new QListWidgetItem(QString::fromStdString(dataSet->GetFullName()), lWInfo);
+    auto item = new QListWidgetItem(LocalToQ(dataSet->GetFullName()), lWInfo);
     item->setData(Qt::UserRole, Pointer(dataSet));
     return 0;
 }

@@ -191,7 +191,7 @@ int CfgArvenSR::FunTagAndTree(void* tag) {
 }
 
 void CfgArvenSR::FillListNoValid(void* tag) {
-    ListNoValid.AddObject(GetTitle(tag).toLocal8Bit().toStdString(), nullptr, false);
+    ListNoValid.AddObject(QToLocal(GetTitle(tag)), nullptr, false);
 }
 
 void CfgArvenSR::DelElemsTree(StringList& list) {
@@ -286,7 +286,7 @@ void CfgArvenSR::TreatRefDSinOb(DcICCPBase* ob) {
     void* shown = current ? current->data(Qt::UserRole).value<void*>() : nullptr;
     for (const QString& item : ob->refDS.split(';', Qt::SkipEmptyParts)) {
         std::string name;
-        StringList* dataSets = ScopedList(pVCC, item.toLocal8Bit().toStdString(), true, name);
+        StringList* dataSets = ScopedList(pVCC, QToLocal(item), true, name);
         if (!dataSets)
             continue;
         auto dataSet = qobject_cast<DcDataSet*>(ListOb(*dataSets, dataSets->IndexOf(name)));

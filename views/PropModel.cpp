@@ -173,7 +173,7 @@ bool PropICCPModel::setData(const QModelIndex& index, const QVariant& value, int
     if (role == Qt::EditRole && index.column() != 0) {
         if (!da)
             return false;
-        const std::string text = value.toString().toLocal8Bit().toStdString();
+        const std::string text = QToLocal(value.toString());
         // Text the value refuses leaves the stored text as it was.
         if (HasValue(da) && da->Value->SetFromstring(text) == 0)
             da->svalue = text;

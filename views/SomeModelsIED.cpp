@@ -333,7 +333,7 @@ bool IEDTreeModel::setData(const QModelIndex& index, const QVariant& value, int 
         object->desc = text.toUtf8().toStdString();
         return true;
     }
-    object->desc = text.toLocal8Bit().toStdString();
+    object->desc = QToLocal(text);
     // Objects other than variables carry the caption of their tag as well.
     if (object->BoundTag)
         SetTextProp(object->BoundTag, "caption", text.toUtf8());

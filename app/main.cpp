@@ -36,24 +36,9 @@ void PrintDatarun(HostObject* unit) {
     fflush(stdout);
 }
 
-} // namespace
-
-int main(int argc, char** argv) {
-    QStringList args;
-    for (int i = 1; i < argc; ++i)
-        args << QString::fromLocal8Bit(argv[i]);
-    HostOptions options;
-    QString error;
-    if (!ParseOptions(args, options, error)) {
-        fprintf(stderr, "iccp-host: %s\n%s", qPrintable(error), hostUsage);
-        return 2;
-    }
-    if (options.help) {
-        fputs(hostUsage, stdout);
-        return 0;
-    }
-    if (options.diffFiles.size() == 2)
-        return DiffModelFiles(options);
+// Headless when asked, when a check, list or export needs no window, and
+// when there is no display to show one on.
+void ChoosePlatform(HostOptions& options) {
     options.headless =
         options.headless || options.check || options.list || !options.exportDir.isEmpty();
     const bool noPlatform = qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
@@ -73,6 +58,62 @@ int main(int argc, char** argv) {
         if (mkdir(runtime.constData(), 0700) == 0 || errno == EEXIST)
             qputenv("XDG_RUNTIME_DIR", runtime);
     }
+}
+
+// What a run prints once the form has closed: an exit status when the run
+// ends here, otherwise -1, with the check's misfits counted.
+int Conclude(const HostOptions& options, HostObject* unit, const FormWatcher& watcher,
+             const QByteArray& stored, int& misfits) {
+    if (options.printDatarun)
+        PrintDatarun(unit);
+    if (!options.screenshot.isEmpty() && !watcher.formSeen())
+        fprintf(stderr, "iccp-host: no form was shown, so no screenshot was taken\n");
+    if (!watcher.error().isEmpty())
+        return Fail(watcher.error(), options);
+    if ((options.lint || options.diff) && watcher.formSeen())
+        return RunModelTool(options, stored, unit->get("$DATARUN").toByteArray());
+    if ((options.check || options.lint || options.diff) && !watcher.formSeen())
+        return Fail("no form was shown, so nothing was checked", options);
+    const QStringList rows =
+        options.check ? DescribeCheckRows(unit, watcher.checkRows()) : QStringList();
+    for (const QString& line : rows)
+        fprintf(stdout, "%s\n", line.toUtf8().constData());
+    misfits = rows.size();
+    return -1;
+}
+
+bool LoadPlugin(const HostOptions& options, PluginLoader& plugin, QString& error) {
+    const QString path = options.plugin.isEmpty() ? PluginLoader::defaultPath() : options.plugin;
+    if (!plugin.load(path, &error))
+        return false;
+    uint64_t major = 0, minor = 0, build = 0;
+    const char* author = nullptr;
+    plugin.version(&major, &minor, &build, nullptr, &author);
+    fprintf(stderr, "iccp-host: %s %llu.%llu.%llu, %s\n", qPrintable(path),
+            static_cast<unsigned long long>(major), static_cast<unsigned long long>(minor),
+            static_cast<unsigned long long>(build), author ? author : "");
+    return true;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QStringList args;
+    for (int i = 1; i < argc; ++i)
+        args << QString::fromLocal8Bit(argv[i]);
+    HostOptions options;
+    QString error;
+    if (!ParseOptions(args, options, error)) {
+        fprintf(stderr, "iccp-host: %s\n%s", qPrintable(error), hostUsage);
+        return 2;
+    }
+    if (options.help) {
+        fputs(hostUsage, stdout);
+        return 0;
+    }
+    if (options.diffFiles.size() == 2)
+        return DiffModelFiles(options);
+    ChoosePlatform(options);
     // Every argument was the program's own: Qt sees none of them, or it would
     // take --plugin for its own -plugin.
     int qtArgc = 1;
@@ -108,15 +149,8 @@ int main(int argc, char** argv) {
         return Fail(error, options);
 
     PluginLoader plugin;
-    const QString path = options.plugin.isEmpty() ? PluginLoader::defaultPath() : options.plugin;
-    if (!plugin.load(path, &error))
+    if (!LoadPlugin(options, plugin, error))
         return Fail(error, options);
-    uint64_t major = 0, minor = 0, build = 0;
-    const char* author = nullptr;
-    plugin.version(&major, &minor, &build, nullptr, &author);
-    fprintf(stderr, "iccp-host: %s %llu.%llu.%llu, %s\n", qPrintable(path),
-            static_cast<unsigned long long>(major), static_cast<unsigned long long>(minor),
-            static_cast<unsigned long long>(build), author ? author : "");
 
     FormWatcher watcher(options.headless, options.screenshot, options.timing ? &timer : nullptr);
     watcher.setPicture(options.steps, options.screenshotOf);
@@ -144,20 +178,10 @@ int main(int argc, char** argv) {
     if (saves && !SaveProject(project, options.project, &error))
         return Fail(error, options);
     timer.mark(RunTimer::SaveEnd);
-    if (options.printDatarun)
-        PrintDatarun(unit);
-    if (!options.screenshot.isEmpty() && !watcher.formSeen())
-        fprintf(stderr, "iccp-host: no form was shown, so no screenshot was taken\n");
-    if (!watcher.error().isEmpty())
-        return Fail(watcher.error(), options);
-    if ((options.lint || options.diff) && watcher.formSeen())
-        return RunModelTool(options, stored, unit->get("$DATARUN").toByteArray());
-    if ((options.check || options.lint || options.diff) && !watcher.formSeen())
-        return Fail("no form was shown, so nothing was checked", options);
-    const QStringList misfits =
-        options.check ? DescribeCheckRows(unit, watcher.checkRows()) : QStringList();
-    for (const QString& line : misfits)
-        fprintf(stdout, "%s\n", line.toUtf8().constData());
+    int misfits = 0;
+    const int status = Conclude(options, unit, watcher, stored, misfits);
+    if (status >= 0)
+        return status;
     fflush(stdout);
     if (options.timing) {
         timer.mark(RunTimer::TeardownStart);
@@ -165,5 +189,5 @@ int main(int argc, char** argv) {
         timer.mark(RunTimer::TeardownEnd);
         timer.report();
     }
-    return misfits.isEmpty() ? 0 : 1;
+    return misfits ? 1 : 0;
 }

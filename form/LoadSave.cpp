@@ -7,6 +7,7 @@
 #include "plugin/CfgIecArvenlib.h"
 #include "plugin/HostWall.h"
 #include "plugin/cfgCalls.h"
+#include "support/JoinedText.h"
 #include "support/StrUtils.h"
 #include "support/myNode.h"
 #include "views/PropModel.h"
@@ -171,9 +172,10 @@ void CfgArvenSR::OnUpDTTP() {
 namespace {
 
 // The model is rendered only where the text read holds a model followed by
-// its templates: then true, with the rendered text in body. Otherwise false,
-// with the lines of the text read in lines (none without a model).
-bool RenderModel(QStringList& lines, QString& body) {
+// its templates: then true, with the rendered text written to body.
+// Otherwise false, with the lines of the text read in lines (none without a
+// model).
+bool RenderModel(QStringList& lines, JoinedText& body) {
     lines.clear();
     const QString text = QString::fromLatin1(Filecont.constData());
     if (!pVCC || !pDcDTTP)
@@ -191,8 +193,8 @@ bool RenderModel(QStringList& lines, QString& body) {
     if (!templates)
         return false;
     lines.clear();
-    body = pVCC->ToXML(2);
-    body += pDcDTTP->ToXML(2);
+    pVCC->WriteXML(2, body);
+    pDcDTTP->WriteXML(2, body);
     return true;
 }
 
@@ -212,10 +214,10 @@ QStringList FootLines() {
 } // namespace
 
 void CfgArvenSR::TekVCC2XMLList() {
-    QString body;
+    JoinedText body;
     if (!RenderModel(XmlList, body))
         return;
-    XmlList = HeadLines() + SplitLines(body) + FootLines();
+    XmlList = HeadLines() + SplitLines(body.Text()) + FootLines();
 }
 
 void CfgArvenSR::PutBlob(void* unit, const QByteArray& bytes) {
@@ -225,21 +227,15 @@ void CfgArvenSR::PutBlob(void* unit, const QByteArray& bytes) {
 
 void CfgArvenSR::Write2CFG(void* unit) {
     // The text of the lines that TekVCC2XMLList makes, joined by LF, without
-    // the lines: a large model's text is cut in place and held once.
-    QString body;
-    if (!RenderModel(XmlList, body)) {
+    // the lines: a large model's text goes to UTF-8 piece by piece.
+    JoinedText text(true);
+    text += HeadLines().join("\n") + '\n';
+    if (!RenderModel(XmlList, text)) {
         PutBlob(unit, XmlList.join("\n").toUtf8());
         return;
     }
-    JoinLines(body);
-    QByteArray bytes = HeadLines().join("\n").toUtf8() + '\n';
-    if (!body.isEmpty()) {
-        bytes += body.toUtf8();
-        body.clear();
-        bytes += '\n';
-    }
-    bytes += FootLines().join("\n").toUtf8();
-    PutBlob(unit, bytes);
+    text += '\n' + FootLines().join("\n");
+    PutBlob(unit, text.Utf8());
 }
 
 void CfgArvenSR::Write2SCLFile(QStringList& lines, QString& path) {

@@ -16,6 +16,15 @@ bool IsIntegral(int type) {
     return type == QMetaType::Int || type == QMetaType::UInt || type == QMetaType::LongLong ||
            type == QMetaType::ULongLong;
 }
+
+// The first parameter of that name; -1 when there is none.
+template <typename Name> int IndexIn(const QList<HostParam>& params, const Name& name) {
+    for (int i = 0; i < params.size(); ++i)
+        if (params[i].name == name)
+            return i;
+    return -1;
+}
+
 } // namespace
 
 int HostParam::enumSize() const {
@@ -161,10 +170,11 @@ void HostObject::detachChild(HostObject* child) {
 }
 
 int HostObject::paramIndex(const QByteArray& name) const {
-    for (int i = 0; i < m_params.size(); ++i)
-        if (m_params[i].name == name)
-            return i;
-    return -1;
+    return IndexIn(m_params, name);
+}
+
+int HostObject::paramIndex(const char* name) const {
+    return IndexIn(m_params, name);
 }
 
 HostParam* HostObject::param(const QByteArray& name) {

@@ -59,6 +59,8 @@ public:
 
     const QList<HostParam>& params() const { return m_params; }
     int paramIndex(const QByteArray& name) const;
+    // The same for a name that ends at its zero, without copying it.
+    int paramIndex(const char* name) const;
     HostParam* param(const QByteArray& name);
     HostParam* paramAt(int index);
     // The value of a parameter; invalid when there is none.

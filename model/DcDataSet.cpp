@@ -8,6 +8,7 @@
 #include "model/DcLD.h"
 #include "model/DcTemplates.h"
 #include "model/DcVCC.h"
+#include "support/JoinedText.h"
 #include "support/myNode.h"
 
 tvarRefDS varRefDS[] = {
@@ -144,16 +145,19 @@ int DcDataSet::DecodeElement(TiXmlNode* node, const std::string& elementName) {
 }
 
 QString DcDataSet::ToXML(int indent) {
+    return WrittenXML(indent);
+}
+
+void DcDataSet::WriteXML(int indent, JoinedText& out) {
     const QString pad(qMax(indent, 0), ' ');
-    QString out = pad + "<DcDataSet  name = \"" + LocalToQ(name) + "\"  desc=\"" + Utf8ToQ(desc) +
-                  "\" > \r\n";
+    out += pad + "<DcDataSet  name = \"" + LocalToQ(name) + "\"  desc=\"" + Utf8ToQ(desc) +
+           "\" > \r\n";
     for (int i = 0; i < Elems.Count; ++i) {
         const std::string text = Elems.Strings(i);
         if (!IsStdFieldName(text))
             out += pad % "   <ElemDS name=\"" % LocalToQ(text) % "\" /> \r\n";
     }
     out += pad + "</DcDataSet> \r\n";
-    return out;
 }
 
 std::string DcDataSet::GetFullName() {

@@ -63,6 +63,7 @@ public:
     bool SetAttFromStr(const std::string& attribute, const std::string& value) override;
     int DecodeElement(TiXmlNode* node, const std::string& elementName) override;
     QString ToXML(int indent) override;
+    void WriteXML(int indent, JoinedText& out) override;
     // name, or ICC name + "/" + name for a set of an ICC.
     std::string GetFullName() override;
 

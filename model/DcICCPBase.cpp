@@ -5,6 +5,7 @@
 
 #include "model/DcDO.h"
 #include "model/DcTransSet.h"
+#include "support/JoinedText.h"
 
 tTabDcOb TabDcOb[] = {
     {"DcICCPBase", 0}, {"DcDAType", 1},   {"DcDA", 2},        {"DcDOType", 3},
@@ -121,6 +122,16 @@ int DcICCPBase::GetChildRow(DcICCPBase*) {
 
 QString DcICCPBase::ToXML(int) {
     return QString();
+}
+
+void DcICCPBase::WriteXML(int indent, JoinedText& out) {
+    out += ToXML(indent);
+}
+
+QString DcICCPBase::WrittenXML(int indent) {
+    JoinedText out;
+    WriteXML(indent, out);
+    return out.Text();
 }
 
 QString DcICCPBase::ToCSV(int) {

@@ -11,6 +11,7 @@
 #include "support/StrUtils.h"
 #include "support/UStringList.h"
 
+class JoinedText;
 class TiXmlNode;
 class myNode;
 class DcVCC;
@@ -62,10 +63,15 @@ public:
     virtual DcICCPBase* GetChildById(int i);
     virtual int GetChildRow(DcICCPBase* object);
     virtual QString ToXML(int indent);
+    // ToXML's text written to out; objects holding many others write theirs
+    // one by one instead of building one text.
+    virtual void WriteXML(int indent, JoinedText& out);
     virtual QString ToCSV(int indent);
     virtual std::string GetFullName();
     virtual void FillmyNode(myNode* node);
 
+    // ToXML through WriteXML, for the objects that write their own.
+    QString WrittenXML(int indent);
     // First object from this one up the Owner chain whose class is className.
     DcICCPBase* IsHostObType(const QString& className);
     // True for a DcDO and everything derived from it.

@@ -8,6 +8,7 @@
 #include "model/DcNextTransferSet.h"
 #include "model/DcTransSet.h"
 #include "model/DcVCC.h"
+#include "support/JoinedText.h"
 #include "support/myNode.h"
 
 DcLD::DcLD(QObject* parent) : DcICCPBase(parent), NextSet(nullptr), RowBase{0, 0, 0, 0, 0} {
@@ -65,24 +66,27 @@ bool DcLD::SetAttFromStr(const std::string& attribute, const std::string& value)
 }
 
 QString DcLD::ToXML(int indent) {
+    return WrittenXML(indent);
+}
+
+void DcLD::WriteXML(int indent, JoinedText& out) {
     QString blanks(indent, ' ');
-    QString text =
+    out +=
         blanks + "<DcLD  name = \"" + LocalToQ(name) + "\" desc=\"" + LocalToQ(desc) + "\" > \r\n";
     if (NextSet)
-        text += blanks + "  <DcNextTransferSet name=\"Next_DSTransfer_Set\" /> \r\n";
+        out += blanks + "  <DcNextTransferSet name=\"Next_DSTransfer_Set\" /> \r\n";
     for (int i = 0; i < Vars.Count; ++i)
         if (DcICCPBase* var = ListOb(Vars, i))
-            text += var->ToXML(indent + 2);
+            var->WriteXML(indent + 2, out);
     for (int i = 0; i < TransSets.Count; ++i)
         if (DcICCPBase* transSet = ListOb(TransSets, i))
-            text += transSet->ToXML(indent + 2);
+            transSet->WriteXML(indent + 2, out);
     for (int i = 0; i < DataSets.Count; ++i) {
         DcDataSet* dataSet = qobject_cast<DcDataSet*>(ListOb(DataSets, i));
         if (dataSet && dataSet->Elems.Count > 0)
-            text += dataSet->ToXML(indent + 2);
+            dataSet->WriteXML(indent + 2, out);
     }
-    text += blanks % "</DcLD> \r\n";
-    return text;
+    out += blanks % "</DcLD> \r\n";
 }
 
 QString DcLD::ToCSV(int indent) {

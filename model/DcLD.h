@@ -24,6 +24,7 @@ public:
     int DecodeElement(TiXmlNode* node, const std::string& elementName) override;
     bool SetAttFromStr(const std::string& attribute, const std::string& value) override;
     QString ToXML(int indent) override;
+    void WriteXML(int indent, JoinedText& out) override;
     QString ToCSV(int indent) override;
     void FillmyNode(myNode* node) override;
 

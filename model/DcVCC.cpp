@@ -9,6 +9,7 @@
 #include "model/DcLD.h"
 #include "model/DcTemplates.h"
 #include "model/DcTransSet.h"
+#include "support/JoinedText.h"
 #include "support/myNode.h"
 
 DcVCC::DcVCC(QObject* parent)
@@ -94,15 +95,18 @@ int DcVCC::GetChildRow(DcICCPBase*) {
 }
 
 QString DcVCC::ToXML(int indent) {
+    return WrittenXML(indent);
+}
+
+void DcVCC::WriteXML(int indent, JoinedText& out) {
     QString blanks(indent, ' ');
-    QString text =
+    out +=
         blanks + "<DcVCC name = \"" + LocalToQ(name) + "\"  desc=\"" + Utf8ToQ(desc) + "\"  >\r\n";
     for (StringList* list : {&Vars, &DataSets, &ICCs})
         for (int i = 0; i < list->Count; ++i)
             if (DcICCPBase* object = ListOb(*list, i))
-                text += object->ToXML(indent + 2);
-    text += blanks % "</DcVCC>\r\n";
-    return text;
+                object->WriteXML(indent + 2, out);
+    out += blanks % "</DcVCC>\r\n";
 }
 
 QString DataSetToCSV(DcICCPBase* object) {

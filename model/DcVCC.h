@@ -30,6 +30,7 @@ public:
     DcICCPBase* GetChildById(int i) override;
     int GetChildRow(DcICCPBase* object) override;
     QString ToXML(int indent) override;
+    void WriteXML(int indent, JoinedText& out) override;
     QString ToCSV(int indent) override;
     void FillmyNode(myNode* root) override;
 

@@ -8,8 +8,8 @@
 
 class JoinedText {
 public:
-    // joined: the pieces' lines go to Utf8() as JoinLines would join the
-    // whole text; otherwise the pieces go to Text() unchanged.
+    // joined: Utf8() gets the whole text's lines as SplitLines cuts them,
+    // joined by LF; otherwise the pieces go to Text() unchanged.
     explicit JoinedText(bool joined = false);
     JoinedText& operator+=(const QString& piece);
     const QString& Text() const;

@@ -121,22 +121,3 @@ QStringList SplitLines(const QString& text) {
     }
     return lines;
 }
-
-void JoinLines(QString& text) {
-    QChar* data = text.data();
-    const int size = text.size();
-    int to = 0;
-    bool cut = false;
-    for (int from = 0; from < size; ++from) {
-        const ushort c = data[from].unicode();
-        if (c == '\r' || c == '\n' || c == '|') {
-            cut = to > 0;
-            continue;
-        }
-        if (cut)
-            data[to++] = QLatin1Char('\n');
-        cut = false;
-        data[to++] = data[from];
-    }
-    text.truncate(to);
-}

@@ -36,8 +36,6 @@ std::string Bool2Str(bool value);
 // The lines of text, each CR, LF or "|" ending one; empty lines are left
 // out. The same as a split at the character class "[\r\n|]".
 QStringList SplitLines(const QString& text);
-// text becomes SplitLines(text) joined by LF, in place.
-void JoinLines(QString& text);
 
 // Lower/upper case per byte IN PLACE on the argument; a copy is returned too.
 std::string Str2Lower(std::string& text);

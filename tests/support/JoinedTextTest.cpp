@@ -23,7 +23,6 @@ TEST(JoinedText, PiecesMatchWholeText) {
                 all += piece;
             }
             EXPECT_EQ(whole.Text(), all) << seed;
-            JoinLines(all);
-            EXPECT_EQ(joined.Utf8(), all.toUtf8()) << seed;
+            EXPECT_EQ(joined.Utf8(), SplitLines(all).join('\n').toUtf8()) << seed;
         }
 }

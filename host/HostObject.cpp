@@ -2,6 +2,7 @@
 
 #include <QSet>
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 namespace {
@@ -17,11 +18,14 @@ bool IsIntegral(int type) {
            type == QMetaType::ULongLong;
 }
 
-// The first parameter of that name; -1 when there is none.
-template <typename Name> int IndexIn(const QList<HostParam>& params, const Name& name) {
-    for (int i = 0; i < params.size(); ++i)
-        if (params[i].name == name)
+// The first parameter of that name; -1 when there is none. The sizes are
+// compared first, since most names differ in length.
+int IndexIn(const QList<HostParam>& params, const char* name, int size) {
+    for (int i = 0; i < params.size(); ++i) {
+        const QByteArray& own = params.at(i).name;
+        if (own.size() == size && (size == 0 || memcmp(own.constData(), name, size) == 0))
             return i;
+    }
     return -1;
 }
 
@@ -170,11 +174,11 @@ void HostObject::detachChild(HostObject* child) {
 }
 
 int HostObject::paramIndex(const QByteArray& name) const {
-    return IndexIn(m_params, name);
+    return IndexIn(m_params, name.constData(), name.size());
 }
 
 int HostObject::paramIndex(const char* name) const {
-    return IndexIn(m_params, name);
+    return IndexIn(m_params, name, name ? int(strlen(name)) : 0);
 }
 
 HostParam* HostObject::param(const QByteArray& name) {

@@ -13,6 +13,10 @@ QSet<const void*>& Registry() {
     return *registry;
 }
 
+// The object found last, live: the plug-in asks for several parameters of
+// one object in a row, and the registry's table is large.
+const void* LastFound = nullptr;
+
 bool IsIntegral(int type) {
     return type == QMetaType::Int || type == QMetaType::UInt || type == QMetaType::LongLong ||
            type == QMetaType::ULongLong;
@@ -142,12 +146,19 @@ HostObject::HostObject(HostProject* project, HostObject* owner, TCfgObjectType k
 
 HostObject::~HostObject() {
     Registry().remove(this);
+    if (LastFound == this)
+        LastFound = nullptr;
     qDeleteAll(m_children);
 }
 
 HostObject* HostObject::fromHandle(const void* handle) {
-    if (!handle || !Registry().contains(handle))
+    if (!handle)
         return nullptr;
+    if (handle != LastFound) {
+        if (!Registry().contains(handle))
+            return nullptr;
+        LastFound = handle;
+    }
     return static_cast<HostObject*>(const_cast<void*>(handle));
 }
 

@@ -2,6 +2,7 @@
 
 #include <QSet>
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 namespace {
@@ -12,16 +13,23 @@ QSet<const void*>& Registry() {
     return *registry;
 }
 
+// The object found last, live: the plug-in asks for several parameters of
+// one object in a row, and the registry's table is large.
+const void* LastFound = nullptr;
+
 bool IsIntegral(int type) {
     return type == QMetaType::Int || type == QMetaType::UInt || type == QMetaType::LongLong ||
            type == QMetaType::ULongLong;
 }
 
-// The first parameter of that name; -1 when there is none.
-template <typename Name> int IndexIn(const QList<HostParam>& params, const Name& name) {
-    for (int i = 0; i < params.size(); ++i)
-        if (params[i].name == name)
+// The first parameter of that name; -1 when there is none. The sizes are
+// compared first, since most names differ in length.
+int IndexIn(const QList<HostParam>& params, const char* name, int size) {
+    for (int i = 0; i < params.size(); ++i) {
+        const QByteArray& own = params.at(i).name;
+        if (own.size() == size && (size == 0 || memcmp(own.constData(), name, size) == 0))
             return i;
+    }
     return -1;
 }
 
@@ -138,12 +146,19 @@ HostObject::HostObject(HostProject* project, HostObject* owner, TCfgObjectType k
 
 HostObject::~HostObject() {
     Registry().remove(this);
+    if (LastFound == this)
+        LastFound = nullptr;
     qDeleteAll(m_children);
 }
 
 HostObject* HostObject::fromHandle(const void* handle) {
-    if (!handle || !Registry().contains(handle))
+    if (!handle)
         return nullptr;
+    if (handle != LastFound) {
+        if (!Registry().contains(handle))
+            return nullptr;
+        LastFound = handle;
+    }
     return static_cast<HostObject*>(const_cast<void*>(handle));
 }
 
@@ -170,11 +185,11 @@ void HostObject::detachChild(HostObject* child) {
 }
 
 int HostObject::paramIndex(const QByteArray& name) const {
-    return IndexIn(m_params, name);
+    return IndexIn(m_params, name.constData(), name.size());
 }
 
 int HostObject::paramIndex(const char* name) const {
-    return IndexIn(m_params, name);
+    return IndexIn(m_params, name, name ? int(strlen(name)) : 0);
 }
 
 HostParam* HostObject::param(const QByteArray& name) {

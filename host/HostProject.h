@@ -9,6 +9,7 @@
 #include <QList>
 #include <QSet>
 #include <QString>
+#include <QVector>
 
 class HostProject {
 public:
@@ -63,14 +64,20 @@ public:
     }
 
     // Calls of each slot made with a handle of this project.
-    int calls(int slot) const { return m_calls.value(slot); }
-    void countCall(int slot) { ++m_calls[slot]; }
+    int calls(int slot) const { return slot >= 0 && slot < m_calls.size() ? m_calls[slot] : 0; }
+    void countCall(int slot) {
+        if (slot < 0)
+            return;
+        if (slot >= m_calls.size())
+            m_calls.resize(slot + 1);
+        ++m_calls[slot];
+    }
     void resetCalls() { m_calls.clear(); }
 
 private:
     QList<HostObject*> m_roots; // owned
     QSet<int> m_failSlots;
     QHash<QByteArray, int> m_failParams;
-    QHash<int, int> m_calls;
+    QVector<int> m_calls; // by slot
     bool m_mixedLists = false;
 };

@@ -231,7 +231,7 @@ private:
                 first = false;
             }
             key(level + 1, names[i].toUtf8());
-            param(p, byDefault, level + 1);
+            param(p, byDefault != nullptr, level + 1);
         }
         if (!first) {
             out += '\n';
